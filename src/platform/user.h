@@ -1,0 +1,34 @@
+// User: what a person can do to a form, as verbs. Each first moves the focus to the control, as a person's
+// hand does, and answers false where the action was lost: the control is hidden or disabled, or the focus
+// was taken back on the way.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "platform/form.h"
+
+namespace qor {
+
+class User {
+ public:
+    explicit User(Form& form) : form_(form) {}
+
+    bool Focus(Control& control);
+    bool Text(TextBox& box, std::string_view text);
+    /// Key by key; a key that moves the focus sends the rest to the control that it moved to.
+    bool Type(Control& control, std::string_view characters);
+    bool Key(Control& control, std::int32_t keyCode);
+    bool Check(CheckBox& box, std::int16_t value);
+    bool Option(OptionButton& button);
+    bool Select(DropDown& list, std::int32_t index);
+    bool Date(DatePicker& picker, qor::Date date);
+    /// Spin buttons take no focus; only a hidden or disabled one loses the action.
+    bool Spin(qor::Spin& spin, std::int32_t value);
+    bool Click(Button& button);
+
+ private:
+    Form& form_;
+};
+
+}  // namespace qor

@@ -1,0 +1,37 @@
+// The session: who is logged in, and into which account set. One text of "key=value;" pairs, asked from
+// the host's session services anew for every server call, and split when a single value is needed.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/platform.h"
+
+namespace qor {
+
+class Session {
+ public:
+    explicit Session(Platform& platform) : platform_(platform) {}
+
+    /// The session properties string, "" where no session service answers. Not cached.
+    std::string GetPropsString();
+    /// One value of the session store; Empty on every failure.
+    Value GetSharedProperty(std::string_view key);
+
+    /// Splits `properties` for GetPropsValue; always true. A repeated key raises 457.
+    bool ParsePropsString(std::string_view properties);
+    /// A value of the last parse, by key without regard to case. Raises 5 for a key that is not there.
+    std::string GetPropsValue(std::string_view key) const;
+    /// "UserID" of the last parse. Raises overflow (6) above 32767.
+    std::int16_t GetUserID() const;
+
+ private:
+    Platform& platform_;
+    std::string parsed_;  // the string last split
+    std::vector<std::pair<std::string, std::string>> values_;
+};
+
+}  // namespace qor
