@@ -20,6 +20,8 @@ Value Value::Null() noexcept {
     return value;
 }
 
+Value Value::Nothing() noexcept { return Value(Ref<Object>()); }
+
 Value& Value::operator=(const Value& other) noexcept {
     Value copy(other);
     return *this = std::move(copy);

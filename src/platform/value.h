@@ -45,7 +45,7 @@ class Value {
     Value(const Ref<T>& object) noexcept : Value(Ref<Object>(object)) {}
 
     static Value Null() noexcept;
-    static Value Nothing() noexcept { return Value(Ref<Object>()); }
+    static Value Nothing() noexcept;  // the value "no object"
 
     Value(const Value& other) noexcept : type_(other.type_), payload_(other.payload_) { Hold(); }
     Value(Value&& other) noexcept : type_(other.type_), payload_(other.payload_) {
