@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,6 +45,12 @@ class SchemeFrame {
     virtual void LoadScheme(Ref<Dictionary> scheme) = 0;
     /// The scheme that the user confirmed: a new dictionary at every confirmation.
     virtual Ref<Dictionary> CurrentScheme() = 0;
+
+    /// Fills the common panel's list of periods, selects its first entry, the free choice, and keeps list and
+    /// pickers in step: a period picked sets both dates, a date set otherwise is the free choice again.
+    /// `periodStart` answers the first day of the current accounting period; asked only where it is needed.
+    virtual void AttachDateTypes(DropDown& types, DatePicker& begin, DatePicker& end,
+                                 std::function<Date()> periodStart) = 0;
 
     /// Before each show of the form, after its load: brings up the first scheme once in the form's life.
     /// Answers false where the linked value confirmed the dialog without showing it.
