@@ -44,6 +44,11 @@ void Form::Remove(Control& control) {
     if (redirected_ == &control) redirected_ = nullptr;
 }
 
+void Form::MoveToEndOfTabOrder(Control& control) {
+    std::erase(controls_, &control);
+    controls_.push_back(&control);
+}
+
 void Form::Load() {
     if (loaded_) return;
     loaded_ = true;

@@ -81,6 +81,9 @@ class Form : public TableObject {
  protected:
     Form(WindowSystem& windows, std::string name, Size size);
 
+    void SetSize(Size size) { size_ = size; }
+    void MoveToEndOfTabOrder(Control& control);
+
     WindowSystem& windows() const { return windows_; }
 
     virtual void OnLoad() {}

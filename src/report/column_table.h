@@ -9,6 +9,16 @@
 
 namespace qor {
 
+/// One AddHeader call, as a row of a report's table.
+struct ColumnRow {
+    std::string_view caption;     // first header line with its marks
+    std::string_view headSecond;  // second header line
+    std::string_view colType;     // digits
+    std::string_view colName;     // field of the data set
+    std::int16_t visible;
+    std::int16_t appMask;
+};
+
 /// Names the list that AddHeader fills; nothing lets go of it.
 void SetHeaderList(Process& process, Ref<Vector> list);
 

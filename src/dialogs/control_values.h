@@ -1,0 +1,17 @@
+// What a control holds, as the text under a filter key, and back.
+#pragma once
+
+#include <string>
+
+#include "platform/controls.h"
+
+namespace qor {
+
+/// A date or a text as it stands, a check box as "0" or "1", an option as "True" or "False", a list's index.
+/// "" for a control that holds nothing.
+std::string ControlText(const Control& control);
+
+/// Assigns a saved text. Raises what the conversion or the control raises; the control then keeps its value.
+void SetControlText(Control& control, const Value& text);
+
+}  // namespace qor

@@ -1,0 +1,262 @@
+#include "dialogs/plain_dialog.h"
+
+#include "dialogs/control_values.h"
+#include "dialogs/date_range_guard.h"
+#include "platform/conversions.h"
+
+namespace qor {
+
+namespace {
+
+constexpr std::int32_t kEnter = 13, kApostrophe = 39, kF7 = 118, kF8 = 119;
+constexpr std::int32_t kFormWidth = 6540;
+
+Bounds ItemFrame(std::span<const ItemBox> items) {
+    std::int32_t rows = 0;
+    for (const ItemBox& item : items) {
+        rows += item.highBound ? 0 : 1;
+    }
+    return {120, 1380, 6300, 285 + rows * kRowHeight};
+}
+
+}  // namespace
+
+PlainDialog::PlainDialog(Process& process, const PlainDialogDescription& description)
+    : FilterDialog(process.platform.windows(), std::string(description.formName), Size{kFormWidth, 0}),
+      process_(process),
+      description_(description),
+      frame_(process.platform.NewPlainFrame(*this)),
+      Label1(
+          description.hasBeginDate
+              ? std::make_unique<Label>(*this, "Label1", "起始日期:", Bounds{120, 315, 1170, 210}, &fraPeriod)
+              : nullptr),
+      DtpBDate(description.hasBeginDate
+                   ? std::make_unique<DatePicker>(*this, "DtpBDate", process.platform.Today(),
+                                                  Bounds{1320, 255, 1680, kBoxHeight}, &fraPeriod)
+                   : nullptr),
+      Label2(std::make_unique<Label>(
+          *this, "Label2", "截至日期:",
+          description.hasBeginDate ? Bounds{3120, 315, 870, 210} : Bounds{120, 315, 1170, 210}, &fraPeriod)),
+      DtpEDate(std::make_unique<DatePicker>(*this, "DtpEDate", process.platform.Today(),
+                                            description.hasBeginDate ? Bounds{4020, 255, 1680, kBoxHeight}
+                                                                     : Bounds{1320, 255, 1680, kBoxHeight},
+                                            &fraPeriod)),
+      fraItem(*this, "fraItem", "", ItemFrame(description.items)),
+      items_(*this, fraItem, description.items, 225),
+      nameList_(process.platform) {
+    SetCaption("过滤");
+    cmdOK.onClick = [this] { Confirm(); };
+    cmdCacel.onClick = [this] { Cancel(); };
+    ConnectItems();
+}
+
+void PlainDialog::ConnectItems() {
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        TextBox& box = items_.txtItem(i);
+        if (Button* button = items_.cmdItem(i)) {
+            button->onClick = [this, i] { Pick(i); };
+            box.onKeyDown = [this, i](std::int32_t& keyCode) {
+                if (keyCode != kF7 && keyCode != kF8) return;
+                lookupKey_ = keyCode;
+                Pick(i);
+            };
+        }
+        if (!description_.hasNameList) continue;
+        const std::int32_t listed = items_.row(i).nameListClass;
+        box.onGotFocus = [this, i, listed] {
+            if (listed != 0) {
+                nameList_.Attach(items_.txtItem(i), listed);
+            } else {
+                nameList_.Detach();
+            }
+        };
+        box.onLostFocus = [this] { nameList_.Detach(); };
+    }
+}
+
+void PlainDialog::FinishLayout(std::int32_t top) {
+    cmdOK.SetBounds({3780, top + 120, 1260, 360});
+    cmdCacel.SetBounds({5160, top + 120, 1260, 360});
+    for (Control* last : {static_cast<Control*>(&cmdOK), static_cast<Control*>(&cmdCacel)}) {
+        MoveToEndOfTabOrder(*last);
+    }
+    SetSize({kFormWidth, top + 600});
+}
+
+void PlainDialog::OnLoad() {
+    padText_ = std::string(50, ' ') + "|";
+    EarlyLoad();
+    IgnoringErrors([this] { ResetResult(); });
+    firstActivation_ = true;
+    IgnoringErrors([this] { AttachGuard(); });
+    if (!description_.hidesCheckStateForAppType1) return;
+    IgnoringErrors([this] {
+        if (process_.bag.GetAppType() != 1) return;
+        Find("lblStatus")->SetVisible(false);
+        Find("cmbCheckState")->SetVisible(false);
+    });
+}
+
+void PlainDialog::AttachGuard() { AttachDateRange(process_, *DtpBDate, *DtpEDate, ToText(RptID())); }
+
+void PlainDialog::ResetResult() {
+    const Ref<Dictionary> result = process_.platform.NewDictionary();
+    result->Put("OK", false);
+    SetResult(result);
+}
+
+void PlainDialog::OnActivate() {
+    if (!firstActivation_) return;
+    SetCaptions();
+    FillLists();
+    SetSchemeOptions();
+    StartFrame();
+    AdjustForAppType();
+    firstActivation_ = false;
+}
+
+void PlainDialog::SetCaptions() {
+    SetCaption(ResText("过滤"));
+    cmdOK.SetCaption(ResText("确定(&O)"));
+    cmdCacel.SetCaption(ResText("取消(&E)"));
+}
+
+void PlainDialog::SetSchemeOptions() {
+    try {
+        frame_->SetSchemeOption(1, false);
+        frame_->SetSchemeOption(2, false);
+    } catch (const Error& error) {
+        windows().MessageBox(error.description(), "", kPlainBox);
+    }
+}
+
+void PlainDialog::StartFrame() {
+    std::int32_t number = RptID();
+    frame_->InitScheme(number, description_.title);
+}
+
+void PlainDialog::FillLists() {
+    if (Control* states = Find("cmbCheckState")) FillCheckState(static_cast<DropDown&>(*states));
+}
+
+void PlainDialog::FillCheckState(DropDown& list) {
+    list.Clear();
+    for (const std::string_view state : {"已审核", "未审核", "全部"}) {
+        list.AddItem(ResText(state));
+    }
+    list.SetListIndex(0);
+}
+
+void PlainDialog::OnUnload() { nameList_.Detach(); }
+
+void PlainDialog::OnKeyDown(std::int32_t& keyCode) {
+    if (keyCode == kEnter) SendTab();
+}
+
+void PlainDialog::OnKeyPress(std::int32_t& character) {
+    // The codes go into statements on the server, so no apostrophe can be typed.
+    if (character == kEnter || character == kApostrophe) character = 0;
+}
+
+void PlainDialog::Pick(std::size_t index) {
+    if (lookupKey_ == 0 || lookupKey_ == kF7 || lookupKey_ == kF8) {
+        const Ref<Object> picked =
+            process_.itemPicker.ItemLookup(ItemClassOf(index), items_.txtItem(index).text(), "", 1);
+        if (picked) TakePicked(index, ObjectIn(picked->Get("ReturnObject")));
+    }
+    lookupKey_ = 0;
+}
+
+void PlainDialog::TakePicked(std::size_t index, Object& picked) {
+    items_.txtItem(index).SetText(ToText(picked.Get("Number")));
+}
+
+void PlainDialog::Confirm() {
+    PrepareConfirm();
+    if (!CheckDateOrder() || !CheckConfirm()) return;
+    TakeConditions();
+    AddResultKeys(*Result());
+    CloseConfirmed();
+}
+
+void PlainDialog::Cancel() { Hide(); }
+
+bool PlainDialog::CheckDateOrder() {
+    if (FormatIsoDate(DtpBDate->value()) <= FormatIsoDate(DtpEDate->value())) return true;
+    ShowMessage(ResText("起始日期不能大于截止日期!"), ResText("信息提示："));
+    DtpBDate->SetValue(DtpEDate->value());
+    return false;
+}
+
+void PlainDialog::ShowMessage(std::string_view text, std::string_view title) {
+    windows().MessageBox(text, title, kInformationIcon);
+}
+
+void PlainDialog::TakeConditions() {
+    process_.session.ParsePropsString(process_.session.GetPropsString());
+    SetResult(frame_->CurrentConditions());
+}
+
+std::string PlainDialog::SaveField(const Control& control) const { return ControlText(control); }
+
+void PlainDialog::LoadField(Control& control, const Value& text) { SetControlText(control, text); }
+
+void PlainDialog::OnPlainSave(std::string& scheme) {
+    for (const PlainField& field : description_.fields) {
+        frame_->SetSchemeItem(scheme, field.key, SaveField(*Find(field.control)));
+    }
+}
+
+void PlainDialog::OnPlainLoad(const std::string& scheme) {
+    for (const PlainField& field : description_.fields) {
+        IgnoringErrors([&] {
+            const Value saved = frame_->GetSchemeItem(scheme, field.key);
+            const bool emptyState = field.key == "CheckState" && ToText(saved).empty();
+            LoadField(*Find(field.control), emptyState ? Value("0") : saved);
+        });
+    }
+}
+
+void PlainDialog::OnPlainRefresh() {
+    frame_->SchemeHost();
+    frame_->RefreshSchemes();
+}
+
+void PlainDialog::OnPlainDefaults() {
+    for (const PlainField& field : description_.fields) {
+        IgnoringErrors([&] { SetDefault(field); });
+    }
+    SetOwnDefaults();
+}
+
+void PlainDialog::SetDefault(const PlainField& field) {
+    Control& control = *Find(field.control);
+    switch (field.standard) {
+        case FieldDefault::Leave:
+            break;
+        case FieldDefault::PeriodStart:
+            SetControlText(control, process_.systemProfile.CurrentPeriodFirstDay());
+            break;
+        case FieldDefault::Today:
+            SetControlText(control, process_.platform.Today());
+            break;
+        case FieldDefault::Blank:
+            SetControlText(control, "");
+            break;
+        case FieldDefault::FirstEntry:
+        case FieldDefault::Zero:
+            SetControlText(control, 0);
+            break;
+        case FieldDefault::One:
+            SetControlText(control, 1);
+            break;
+        case FieldDefault::True:
+            SetControlText(control, true);
+            break;
+        case FieldDefault::False:
+            SetControlText(control, false);
+            break;
+    }
+}
+
+}  // namespace qor

@@ -1,0 +1,42 @@
+#include "library.h"
+
+#include <algorithm>
+
+#include "reports/income/category_detail.h"
+
+namespace qor {
+
+namespace {
+
+constexpr std::string_view kPrefix = "QORArApRpt.";
+
+}  // namespace
+
+std::span<const ReportEntry> Reports() {
+    static const ReportEntry kReports[] = {
+        {kRpt10522, MakeRpt10522},
+        {kRpt10524, MakeRpt10524},
+    };
+    return kReports;
+}
+
+const ReportEntry* FindReport(std::int32_t number) {
+    const auto reports = Reports();
+    const auto found = std::ranges::find_if(
+        reports, [number](const ReportEntry& entry) { return entry.description.number == number; });
+    return found == reports.end() ? nullptr : &*found;
+}
+
+Ref<Object> CreateReportClass(Process& process, std::string_view name) {
+    if (!EqualsIgnoringCase(name.substr(0, kPrefix.size()), kPrefix)) return {};
+    name.remove_prefix(kPrefix.size());
+    if (EqualsIgnoringCase(name, "Bar")) return MakeRef<Bar>(process);
+    if (EqualsIgnoringCase(name, "clsPass")) return MakeRef<clsPass>();
+    for (const ReportEntry& entry : Reports()) {
+        if (EqualsIgnoringCase(name, "Rpt" + std::to_string(entry.description.number)))
+            return entry.make(process);
+    }
+    return {};
+}
+
+}  // namespace qor

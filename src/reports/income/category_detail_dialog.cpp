@@ -1,0 +1,21 @@
+#include "reports/income/category_detail_dialog.h"
+
+namespace qor {
+
+CategoryDetailDialog::CategoryDetailDialog(Process& process, const CategoryDetailKind& kind)
+    : PlainDialog(process, kind.dialog),
+      kind_(kind),
+      Frame1(*this, "Frame1", "", {120, ItemsBottom() + 90, 6300, 690}),
+      chkForbiddenTypeInclude(*this, "chkForbiddenTypeInclude", kind.forbiddenTypeCaption, 0,
+                              {3480, 270, 2550, 270}, &Frame1) {
+    FinishLayout(Frame1.bounds().top + Frame1.bounds().height);
+}
+
+void CategoryDetailDialog::AddResultKeys(Dictionary& result) {
+    result.Put("UserID", UserID());
+    result.Put("CheckState", cmbCheckState.listIndex());
+    result.Put("OK", true);
+    result.Put("RptID", static_cast<std::int16_t>(kind_.report.number));
+}
+
+}  // namespace qor
