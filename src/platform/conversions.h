@@ -11,13 +11,18 @@
 
 namespace qor {
 
-// Rounding to integers is half to even. Text is read with blanks around it, a sign, thousands commas, a
-// decimal point, an exponent (e or d), and &H or &O integers. True is -1. Empty is 0 and "".
+// Rounding to integers is half to even. Text is read with blanks around it, a sign or the parentheses of a
+// negative number, thousands commas, a decimal point, an exponent (e or d), and &H or &O integers; "" is no
+// number. True is -1. Empty is 0 and "". An object stands for its default member: no object raises 91, one
+// without a default member 438.
 bool ToBoolean(const Value& value);  // also "True", "False" in any case
 std::int16_t ToInt16(const Value& value);
 std::int32_t ToInt32(const Value& value);
 float ToSingle(const Value& value);
 double ToDouble(const Value& value);
+/// Text is read as a date ("2020-09-01", "2020/9/1", "2020.9.1", "2020年9月1日", "9/1/2020", with "hh:mm" or
+/// "hh:mm:ss" behind a blank; a time alone; a year and month alone for its first day), else as a number,
+/// which is a date's serial. Outside 0100-01-01..9999-12-31 raises overflow.
 Date ToDate(const Value& value);
 /// Booleans are "True" and "False"; numbers have up to 15 significant digits (singles 7); a date is
 /// "YYYY-MM-DD", followed by " hh:mm:ss" where it has a time of day.
@@ -27,7 +32,7 @@ std::string ToText(const Value& value);
 double Val(std::string_view text);
 
 bool IsNumeric(const Value& value);  // a number, a boolean, Empty, or a text that reads as a number
-bool IsDate(const Value& value);     // a date, or a text that reads as one
+bool IsDate(const Value& value);     // a date, or a text that reads as one; a numeric text does not
 
 /// Years, months and days of the Gregorian calendar; the time of day in whole seconds.
 struct CalendarTime {
