@@ -1,0 +1,18 @@
+// Values as JSON, with their exact type: the notation of scheme files and of conversations. Objects have no
+// place in a scheme and are left to whoever knows how to write them out.
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include "platform/value.h"
+
+namespace qor {
+
+using OrderedJson = nlohmann::ordered_json;
+
+/// Raises 13 for an object.
+OrderedJson PlainValueToJson(const Value& value);
+/// Raises 13 for anything that PlainValueToJson does not write, and 6 for a number too large for its type.
+Value PlainValueFromJson(const OrderedJson& json);
+
+}  // namespace qor
