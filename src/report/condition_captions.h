@@ -7,7 +7,7 @@
 namespace qor {
 
 /// The rows (FCaption, FIndex from 0) of a filter; `filter` may be null. Writes `ShowInPreview` into
-/// `property`, which is made where it holds nothing. A row that fails is left out; no error leaves.
+/// `property`, which is made where it holds nothing. What fails on the way is skipped; no error leaves.
 Ref<Vector> BuildConditionCaptions(Process& process, Dictionary* filter, Ref<Dictionary>& property);
 
 }  // namespace qor

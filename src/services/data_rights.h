@@ -37,7 +37,7 @@ class DataRights {
     Platform& platform_;
     ProcessBag& bag_;
     Session& session_;
-    std::int16_t asked_ = 0;  // whether NeedAuthrize has asked the server once
+    bool asked_ = false;  // whether NeedAuthrize has asked the server once
 };
 
 }  // namespace qor

@@ -19,8 +19,10 @@ class ItemPicker {
                            std::int16_t dataType);
 
  private:
-    Ref<Object> Route(std::int32_t& itemClass, std::string_view search, std::string_view where,
-                      std::int16_t dataType);
+    Value Pick(std::int32_t itemClass, std::string_view search, std::string_view where,
+               std::int16_t dataType);
+    Value PickItem(std::int32_t itemClass, std::string_view search, std::string_view where,
+                   std::int16_t dataType);
     std::string Condition(std::string_view where);
 
     Platform& platform_;

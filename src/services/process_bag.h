@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string_view>
 
 #include "platform/platform.h"
@@ -16,7 +15,7 @@ class ProcessBag {
 
     /// The item, or `standIn` where the bag or the item is missing or the bag fails. Without a stand-in a
     /// missing item is Empty.
-    Value GetProcessBagItem(std::string_view key, std::optional<Value> standIn = std::nullopt) const;
+    Value GetProcessBagItem(std::string_view key, Value standIn = {}) const;
     /// Raises an error where there is no bag.
     void SetProcessBagItem(std::string_view key, Value value);
 

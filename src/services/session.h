@@ -15,6 +15,8 @@ namespace qor {
 class Session {
  public:
     explicit Session(Platform& platform) : platform_(platform) {}
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
 
     /// The session properties string, "" where no session service answers. Not cached.
     std::string GetPropsString();
@@ -29,9 +31,11 @@ class Session {
     std::int16_t GetUserID() const;
 
  private:
+    const std::string_view* Find(std::string_view key) const;
+
     Platform& platform_;
-    std::string parsed_;  // the string last split
-    std::vector<std::pair<std::string, std::string>> values_;
+    std::string parsed_;  // the string last split; the keys and values are pieces of it
+    std::vector<std::pair<std::string_view, std::string_view>> values_;
 };
 
 }  // namespace qor

@@ -2,6 +2,7 @@
 // objects through which they are asked. The three held objects are made at first need and never released.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,8 @@ class SystemProfile {
     bool DisplayDeleted();
 
  private:
+    Value Ask(std::string_view category, std::string_view key, std::int16_t standIn);
+
     Platform& platform_;
     Session& session_;
     Ref<Object> glData_;

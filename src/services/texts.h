@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/dictionary.h"
 #include "services/session.h"
@@ -15,7 +16,9 @@ inline std::string_view ResText(std::string_view text) { return text; }
 
 class Texts {
  public:
-    Texts(Platform& platform, Session& session) : platform_(platform), session_(session) {}
+    /// `language` is the language code; empty asks the session.
+    Texts(Platform& platform, Session& session, std::string language = "")
+        : platform_(platform), session_(session), language_(std::move(language)) {}
 
     /// A plain value straight out of the session string, found without regard to case; "" if it is not there.
     /// The language is always "chs".
@@ -27,7 +30,7 @@ class Texts {
  private:
     Platform& platform_;
     Session& session_;
-    std::string language_;  // assigned by nobody; empty asks the session
+    std::string language_;
 };
 
 }  // namespace qor
