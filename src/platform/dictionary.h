@@ -60,4 +60,8 @@ class OrderedDictionary final : public Dictionary {
     std::unique_ptr<Index> index_;  // only for dictionaries too large to be searched from end to end
 };
 
+/// An object of somebody else is taken where it has the shape of one (see late_bound.h).
+template <>
+Ref<Dictionary> As<Dictionary>(const Value& value);
+
 }  // namespace qor

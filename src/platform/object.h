@@ -74,6 +74,9 @@ class Object : public RefCounted {
     /// a wrong number of arguments, and whatever the member itself raises.
     virtual Value Invoke(MemberId member, InvokeKind kind, Arguments arguments) = 0;
 
+    /// The object that others know this one as: itself, or the object that it stands for.
+    virtual Object& Identity() { return *this; }
+
     // The same by name; an unknown name raises 438.
     Value InvokeByName(std::string_view name, InvokeKind kind, Arguments arguments);
     template <class... A>
@@ -150,7 +153,7 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b) noexcept;
 /// The object that a value holds. Raises 91 for no object and 424 for a value that is none.
 Object& ObjectIn(const Value& value);
 
-/// The object in `value` as a `T`; nothing where it holds nothing. Raises 13 for any other class.
+/// The object in `value` as a `T`; nothing where it holds nothing. Raises 13 for an object of another shape.
 template <class T>
 Ref<T> As(const Value& value) {
     if (value.IsEmpty() || value.IsNothing()) return {};

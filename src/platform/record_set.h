@@ -66,4 +66,8 @@ class ColumnarRecordSet final : public RecordSet {
 /// The field of the current row, or `standIn` where it holds Null: the foundation library's null-safe read.
 Value FieldOr(const RecordSet& rows, std::string_view name, Value standIn);
 
+/// An object of somebody else is taken where it has the shape of one (see late_bound.h).
+template <>
+Ref<RecordSet> As<RecordSet>(const Value& value);
+
 }  // namespace qor

@@ -31,4 +31,8 @@ class ArrayVector final : public Vector {
     std::vector<Value> items_;
 };
 
+/// An object of somebody else is taken where it has the shape of one (see late_bound.h).
+template <>
+Ref<Vector> As<Vector>(const Value& value);
+
 }  // namespace qor
