@@ -1,9 +1,9 @@
 #include "frames/scheme_file.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "frames/value_json.h"
+#include "platform/conversions.h"
 #include "platform/error.h"
 
 namespace qor {
@@ -49,9 +49,8 @@ void PageFromJson(const OrderedJson& json, SchemeBook::Page& page) {
 }
 
 std::int32_t NumberFromKey(std::string_view key) {
-    std::int32_t number = 0;
-    const auto [end, failure] = std::from_chars(key.data(), key.data() + key.size(), number);
-    if (failure != std::errc() || end != key.data() + key.size()) Raise(Automation::TypeMismatch);
+    const std::int32_t number = ToInt32(key);
+    if (std::to_string(number) != key) Raise(Automation::TypeMismatch);
     return number;
 }
 
