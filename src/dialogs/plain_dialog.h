@@ -63,7 +63,7 @@ class PlainDialog : public FilterDialog, public FrameOwner, protected PlainFrame
 
     virtual void EarlyLoad() {}                   // ahead of everything that ignores errors
     virtual void AttachGuard();                   // the date-range guard
-    virtual void FillLists();           // at first activation, behind the captions
+    virtual void FillLists();                     // at first activation, behind the captions
     virtual void AdjustForAppType() {}            // at first activation, behind the frame's first scheme
     virtual void PrepareConfirm() {}              // at OK, ahead of all checks
     virtual bool CheckConfirm() { return true; }  // at OK, behind the date order; false keeps the dialog open

@@ -88,12 +88,12 @@ Ref<Dictionary> DataRights::NewRightItem(std::string_view dataTable, std::string
 
 Ref<Dictionary> DataRights::NewUserFieldSpec(bool hasVect, std::string_view prefixValue,
                                              std::string_view classType, std::string_view displayFields) {
-    Ref<Dictionary> spec = platform_.NewDictionary();
-    spec->Put("hasVect", hasVect);
-    spec->Put("prefixValue", prefixValue);
-    spec->Put("classType", classType);
-    spec->Put("DisplayFields", displayFields);
-    return spec;
+    Ref<Dictionary> fields = platform_.NewDictionary();
+    fields->Put("hasVect", hasVect);
+    fields->Put("prefixValue", prefixValue);
+    fields->Put("classType", classType);
+    fields->Put("DisplayFields", displayFields);
+    return fields;
 }
 
 }  // namespace qor

@@ -107,7 +107,7 @@ const Breach kBreaches[] = {
     {"OutsideFromInside", "floors", "src/library.cpp", "#include \"viewer/report_view.h\"\n",
      "library may not include viewer"},
     {"NoSuchFile", "floors", "src/platform/a.h", "#include \"platform/b.h\"\n", "no file"},
-    {"NoRoom", "floors", "src/a.h", "", "stands in no room"},
+    {"NoRoom", "floors", "src/a.h", "\n", "stands in no room"},
     {"ForeignHeader", "portable", "src/services/a.cpp", "#include <windows.h>\n", "is no standard header"},
     {"ForeignLibrary", "portable", "src/services/a.cpp", "#include <nlohmann/json.hpp>\n",
      "is no standard header"},

@@ -3,8 +3,8 @@ parsers='sto(i|l|ul|ll|ull|f|d|ld)|strto(d|f|ld|l|ul|ll|ull|imax|umax)|ato(i|l|l
 
 parsing_exceptions='
 src/platform/conversions    how values become one another
-src/platform/number_text    the conversions'"'"' numbers
-src/platform/date_text      the conversions'"'"' dates
+src/platform/number_text    numbers, for the conversions
+src/platform/date_text      dates, for the conversions
 '
 
 check_parsing() {
