@@ -5,7 +5,7 @@ src/platform/error.h              IgnoringErrors itself
 src/report/report_fetch.cpp       a failed fetch ends in Result
 src/report/report_object.cpp      the drill-down says its failure in a message; the window closes before an error goes on
 src/services/item_lookup.cpp      a failing lookup is told as a missing right
-src/services/system_profile.cpp   the failure of a statement goes on under the connection's name, with its text translated
+src/services/system_profile.cpp   the failure of a statement goes on under the name of the connection, with its text translated
 src/dialogs/plain_dialog.cpp      a failing frame option is told in a message, and the dialog still comes up
 '
 
