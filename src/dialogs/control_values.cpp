@@ -2,22 +2,24 @@
 
 namespace qor {
 
-std::string ControlText(const Control& control) {
+Value ControlValue(const Control& control) {
     switch (control.kind()) {
         case Control::Kind::Text:
             return static_cast<const TextBox&>(control).text();
         case Control::Kind::Check:
-            return ToText(static_cast<const CheckBox&>(control).value());
+            return static_cast<const CheckBox&>(control).value();
         case Control::Kind::Option:
-            return ToText(static_cast<const OptionButton&>(control).value());
+            return static_cast<const OptionButton&>(control).value();
         case Control::Kind::List:
-            return ToText(static_cast<const DropDown&>(control).listIndex());
+            return static_cast<const DropDown&>(control).listIndex();
         case Control::Kind::Date:
-            return ToText(static_cast<const DatePicker&>(control).value());
+            return static_cast<const DatePicker&>(control).value();
         default:
-            return "";
+            return {};
     }
 }
+
+std::string ControlText(const Control& control) { return ToText(ControlValue(control)); }
 
 void SetControlText(Control& control, const Value& text) {
     switch (control.kind()) {

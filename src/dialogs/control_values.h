@@ -1,4 +1,4 @@
-// What a control holds, as the text under a filter key, and back.
+// What a control holds, as the value under a filter key, and back.
 #pragma once
 
 #include <string>
@@ -7,7 +7,12 @@
 
 namespace qor {
 
-/// A date or a text as it stands, a check box as "0" or "1", an option as "True" or "False", a list's index.
+/// A text, a date, a check box and a list's index as 16-bit integers, an option as a boolean. Empty for a
+/// control that holds nothing.
+Value ControlValue(const Control& control);
+
+/// The same as text: a date or a text as it stands, a check box as "0" or "1", an option as "True" or
+/// "False", a list's index.
 /// "" for a control that holds nothing.
 std::string ControlText(const Control& control);
 

@@ -1,5 +1,6 @@
 #include "dialogs/plain_dialog.h"
 
+#include "dialogs/check_states.h"
 #include "dialogs/control_values.h"
 #include "dialogs/date_range_guard.h"
 #include "platform/conversions.h"
@@ -136,15 +137,7 @@ void PlainDialog::StartFrame() {
 }
 
 void PlainDialog::FillLists() {
-    if (Control* states = Find("cmbCheckState")) FillCheckState(static_cast<DropDown&>(*states));
-}
-
-void PlainDialog::FillCheckState(DropDown& list) {
-    list.Clear();
-    for (const std::string_view state : {"已审核", "未审核", "全部"}) {
-        list.AddItem(ResText(state));
-    }
-    list.SetListIndex(0);
+    if (Control* states = Find("cmbCheckState")) FillCheckStates(static_cast<DropDown&>(*states));
 }
 
 void PlainDialog::OnUnload() { nameList_.Detach(); }
@@ -224,39 +217,9 @@ void PlainDialog::OnPlainRefresh() {
 
 void PlainDialog::OnPlainDefaults() {
     for (const PlainField& field : description_.fields) {
-        IgnoringErrors([&] { SetDefault(field); });
+        IgnoringErrors([&] { SetToDefault(process_, *Find(field.control), field.standard); });
     }
     SetOwnDefaults();
-}
-
-void PlainDialog::SetDefault(const PlainField& field) {
-    Control& control = *Find(field.control);
-    switch (field.standard) {
-        case FieldDefault::Leave:
-            break;
-        case FieldDefault::PeriodStart:
-            SetControlText(control, process_.systemProfile.CurrentPeriodFirstDay());
-            break;
-        case FieldDefault::Today:
-            SetControlText(control, process_.platform.Today());
-            break;
-        case FieldDefault::Blank:
-            SetControlText(control, "");
-            break;
-        case FieldDefault::FirstEntry:
-        case FieldDefault::Zero:
-            SetControlText(control, 0);
-            break;
-        case FieldDefault::One:
-            SetControlText(control, 1);
-            break;
-        case FieldDefault::True:
-            SetControlText(control, true);
-            break;
-        case FieldDefault::False:
-            SetControlText(control, false);
-            break;
-    }
 }
 
 }  // namespace qor

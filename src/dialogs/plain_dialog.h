@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "dialogs/field_default.h"
 #include "dialogs/item_boxes.h"
 #include "dialogs/name_list.h"
 #include "platform/frame_owner.h"
@@ -15,19 +16,6 @@
 #include "report/filter_dialog.h"
 
 namespace qor {
-
-/// What the frame's defaults set a control to.
-enum class FieldDefault : std::uint8_t {
-    Leave,
-    PeriodStart,
-    Today,
-    Blank,
-    FirstEntry,
-    Zero,
-    One,
-    True,
-    False
-};
 
 /// One filter key: the control that holds it, and the control's default.
 struct PlainField {
@@ -102,8 +90,6 @@ class PlainDialog : public FilterDialog, public FrameOwner, protected PlainFrame
     // Common values of AddResultKeys.
     Value UserID() const { return std::int32_t{process_.session.GetUserID()}; }
 
-    /// Fills a check-state list and selects its first entry.
-    static void FillCheckState(DropDown& list);
     /// Places the buttons below `top` and puts them last in the tab order; gives the form its height.
     void FinishLayout(std::int32_t top);
     /// Where the frame of the code boxes ends, twips from the form's top.
@@ -127,7 +113,6 @@ class PlainDialog : public FilterDialog, public FrameOwner, protected PlainFrame
 
  private:
     void ConnectItems();
-    void SetDefault(const PlainField& field);
 
     bool firstActivation_ = false;
     std::int32_t lookupKey_ = 0;

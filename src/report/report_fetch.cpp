@@ -35,6 +35,8 @@ void Report::RunFetch(bool withProgress, Ref<Object>& component) {
     if (withProgress) {
         m_ProgBar->HideProgBar();
         m_ProgBar->SetMsg(ResText("正在从服务器读取数据，请稍候..."));
+    } else if (!m_ProgBar) {
+        Raise(Automation::ObjectNotSet);
     }
     if (description_.rightsStep == RightsStep::AfterMessage) WriteDataRight();
     if (description_.sendsLongNumber) filter().Put("bLongNumber", m_LongNumber);
@@ -45,7 +47,7 @@ void Report::RunFetch(bool withProgress, Ref<Object>& component) {
 
 Ref<RecordSet> Report::CallDataComponent(Object& component) {
     Value filterReference = m_Filter;
-    const Value answer = component.Call(description_.dataMember, process_.session.GetPropsString(),
+    const Value answer = component.Call(DataMember(), process_.session.GetPropsString(),
                                         Argument::ByRef(filterReference));
     m_Filter = As<Dictionary>(filterReference);
     return As<RecordSet>(answer);

@@ -67,6 +67,8 @@ class Report : public TableObject, private BarEvents {
     /// What the fetch reads of the filter before anything else.
     virtual void ReadFilter() {}
     virtual std::span<const RightItem> RightItems() const { return description_.rightItems; }
+    /// The member of the data component that this fetch calls.
+    virtual std::string_view DataMember() const { return description_.dataMember; }
     /// The data call: hands over the filter by reference, keeps what comes back of it, answers the data set.
     virtual Ref<RecordSet> CallDataComponent(Object& component);
     /// What is to be done between the dialog's confirmation and the filter's use.
@@ -78,7 +80,8 @@ class Report : public TableObject, private BarEvents {
     /// What a failed fetch leaves in `Result` and `Rs`.
     virtual void TakeFetchError(const Error& error);
 
-    /// One fetch. Without `withProgress` the calls on the progress object are left out.
+    /// One fetch. Without `withProgress` the calls on the progress object are left out; a report that has
+    /// never run, and so has none, then fails where it would be called.
     void FetchData(bool withProgress);
 
     // The filter as the pipeline reads it. Reading a filter that is not there raises 91.
