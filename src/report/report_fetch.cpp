@@ -47,8 +47,8 @@ void Report::RunFetch(bool withProgress, Ref<Object>& component) {
 
 Ref<RecordSet> Report::CallDataComponent(Object& component) {
     Value filterReference = m_Filter;
-    const Value answer = component.Call(DataMember(), process_.session.GetPropsString(),
-                                        Argument::ByRef(filterReference));
+    const Value answer =
+        component.Call(DataMember(), process_.session.GetPropsString(), Argument::ByRef(filterReference));
     m_Filter = As<Dictionary>(filterReference);
     return As<RecordSet>(answer);
 }
