@@ -121,6 +121,18 @@ bool User::Spin(qor::Spin& spin, std::int32_t value) {
     return true;
 }
 
+bool User::Cell(Grid& grid, std::int32_t row, std::int32_t column, std::string_view text) {
+    if (!Focus(grid) || !grid.CanEdit(column, row)) return false;
+    grid.Edit(column, row, text);
+    return true;
+}
+
+bool User::Row(Grid& grid, std::int32_t row) {
+    if (!Focus(grid) || row < 1 || row > grid.MaxRows()) return false;
+    grid.SetActiveRow(row);
+    return true;
+}
+
 bool User::Click(Button& button) {
     if (!Focus(button)) return false;
     button.Click();

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "platform/form.h"
+#include "platform/grid.h"
 
 namespace qor {
 
@@ -25,6 +26,11 @@ class User {
     bool Date(DatePicker& picker, qor::Date date);
     /// Spin buttons take no focus; only a hidden or disabled one loses the action.
     bool Spin(qor::Spin& spin, std::int32_t value);
+    /// Edits one cell and leaves it. A cell that is locked, hidden or outside the grid loses the action, as
+    /// the locks stand when the focus has come to the grid.
+    bool Cell(Grid& grid, std::int32_t row, std::int32_t column, std::string_view text);
+    /// Makes a row the current one; lost where there is no such row.
+    bool Row(Grid& grid, std::int32_t row);
     bool Click(Button& button);
 
  private:
