@@ -56,11 +56,7 @@ void PlainDialog::ConnectItems() {
         TextBox& box = items_.txtItem(i);
         if (Button* button = items_.cmdItem(i)) {
             button->onClick = [this, i] { Pick(i); };
-            box.onKeyDown = [this, i](std::int32_t& keyCode) {
-                if (keyCode != kF7 && keyCode != kF8) return;
-                lookupKey_ = keyCode;
-                Pick(i);
-            };
+            box.onKeyDown = LookupKeys(i);
         }
         if (!description_.hasNameList) continue;
         const std::int32_t listed = items_.row(i).nameListClass;
@@ -73,6 +69,14 @@ void PlainDialog::ConnectItems() {
         };
         box.onLostFocus = [this] { nameList_.Detach(); };
     }
+}
+
+std::function<void(std::int32_t&)> PlainDialog::LookupKeys(std::size_t index) {
+    return [this, index](std::int32_t& keyCode) {
+        if (keyCode != kF7 && keyCode != kF8) return;
+        lookupKey_ = keyCode;
+        Pick(index);
+    };
 }
 
 void PlainDialog::FinishLayout(std::int32_t top) {
@@ -211,7 +215,7 @@ void PlainDialog::OnPlainLoad(const std::string& scheme) {
 }
 
 void PlainDialog::OnPlainRefresh() {
-    frame_->SchemeHost();
+    if (description_.takesSchemeHost) frame_->SchemeHost();
     frame_->RefreshSchemes();
 }
 

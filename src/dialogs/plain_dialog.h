@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -32,6 +33,7 @@ struct PlainDialogDescription {
     bool hasBeginDate = true;
     bool hasNameList = true;
     bool hidesCheckStateForAppType1 = false;
+    bool takesSchemeHost = true;  // when the list of schemes has changed
 };
 
 class PlainDialog : public FilterDialog, public FrameOwner, protected PlainFrameHost {
@@ -79,6 +81,8 @@ class PlainDialog : public FilterDialog, public FrameOwner, protected PlainFrame
     void ShowMessage(std::string_view text, std::string_view title);
     void TakeConditions();
     void Pick(std::size_t index);
+    /// A box's key handler that opens the picker of a code box on F7 and F8.
+    std::function<void(std::int32_t&)> LookupKeys(std::size_t index);
 
     // The frame's events.
     void OnPlainNotify(const Value&) override {}

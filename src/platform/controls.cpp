@@ -179,9 +179,13 @@ void Spin::SetRange(std::int32_t min, std::int32_t max) {
     Changed(Change::Range);
 }
 
-void Spin::SetValue(std::int32_t value) {
+void Spin::Follow(std::int32_t value) {
     value_ = std::clamp(value, min_, max_);
     Changed(Change::Value);
+}
+
+void Spin::SetValue(std::int32_t value) {
+    Follow(value);
     if (onChange) onChange();
 }
 

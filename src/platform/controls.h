@@ -273,6 +273,8 @@ class Spin final : public Control {
     void SetRange(std::int32_t min, std::int32_t max);
     /// Cuts the value to the range; raises onChange, also where it stays the same.
     void SetValue(std::int32_t value);
+    /// Takes over the number that its box shows, cut to the range; raises nothing.
+    void Follow(std::int32_t value);
 
     std::function<void()> onChange;
 

@@ -178,13 +178,17 @@ void Report::Active() {
 }
 
 void Report::BuildTitle() {
+    PutTitleObject();
+    m_Title = BuildConditionCaptions(process_, m_Filter.get(), m_Property);
+}
+
+void Report::PutTitleObject() {
     const Ref<Dictionary> titleObject = process_.platform.NewDictionary();
     const auto part = [this](const DateTitle& date) {
         return std::string(date.name) + "," + TitleText(m_Filter.get(), date.key);
     };
     titleObject->Put("ShowDateDiff", part(description_.begin) + "|" + part(description_.end));
     m_Result->Put("RptTitleObject", titleObject);
-    m_Title = BuildConditionCaptions(process_, m_Filter.get(), m_Property);
 }
 
 Ref<Object> Report::GetDetailReport(std::int32_t row) {

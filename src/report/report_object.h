@@ -80,6 +80,8 @@ class Report : public TableObject, private BarEvents {
     /// What a failed fetch leaves in `Result` and `Rs`.
     virtual void TakeFetchError(const Error& error);
 
+    /// Puts the date text that the host shows above the grid into `Result`, as a new `RptTitleObject`.
+    void PutTitleObject();
     /// One fetch. Without `withProgress` the calls on the progress object are left out; a report that has
     /// never run, and so has none, then fails where it would be called.
     void FetchData(bool withProgress);
