@@ -34,7 +34,7 @@ clsPass& Bar::Pass() const {
 }
 
 void Bar::ReleasePass() {
-    if (m_clsPass) m_clsPass->Disconnect(*this);
+    if (m_clsPass) m_clsPass->Disconnect(activation_);
     m_clsPass = {};
 }
 
@@ -55,7 +55,7 @@ void Bar::ShowProgBar() { Pass().ShowProgBar(); }
 void Bar::Show() {
     ReleasePass();
     m_clsPass = MakeRef<clsPass>();
-    m_clsPass->Connect(*this);
+    m_clsPass->Connect(activation_);
     window_ = MakeRef<frmProgBar>(process_);
     window_->SetPass(m_clsPass);
     const Ref<frmProgBar> shown = window_;
@@ -69,7 +69,7 @@ void Bar::Unload() {
     process_.platform.windows().Pump();
 }
 
-void Bar::Active() {
+void Bar::RaiseActive() {
     for (BarEvents* sink : std::vector(sinks_)) {
         if (std::ranges::find(sinks_, sink) != sinks_.end()) sink->Active();
     }

@@ -19,7 +19,7 @@ class BarEvents {
     ~BarEvents() = default;
 };
 
-class Bar final : public TableObject, private ClsPassEvents {
+class Bar final : public TableObject {
  public:
     explicit Bar(Process& process) : process_(process) {}
     ~Bar() override;
@@ -45,8 +45,15 @@ class Bar final : public TableObject, private ClsPassEvents {
     void Disconnect(BarEvents& sink) { std::erase(sinks_, &sink); }
 
  private:
-    // Of the events of clsPass, Bar answers Active alone; the window answers the others.
-    void Active() override;
+    /// Of the events of clsPass, Bar hears Active alone; the window answers the others. Bar is no sink
+    /// itself: its own members bear the names of the events that it sends.
+    struct Activation final : ClsPassEvents {
+        explicit Activation(Bar& owner) : bar(owner) {}
+        void Active() override { bar.RaiseActive(); }
+        Bar& bar;
+    };
+
+    void RaiseActive();
 
     clsPass& Pass() const;
     void ReleasePass();
@@ -54,6 +61,7 @@ class Bar final : public TableObject, private ClsPassEvents {
     Process& process_;
     Ref<frmProgBar> window_;
     Ref<clsPass> m_clsPass;
+    Activation activation_{*this};
     std::vector<BarEvents*> sinks_;
 };
 
