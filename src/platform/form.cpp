@@ -132,20 +132,20 @@ void Form::TakeFirstFocus() {
     if (!focus_ && visible_) MoveFocusByTab();
 }
 
-void Form::HandleKeyDown(std::int32_t& keyCode) {
+void Form::KeyDown(std::int32_t& keyCode) {
     OnKeyDown(keyCode);
     if (keyCode != 0 && focus_ && focus_->onKeyDown) focus_->onKeyDown(keyCode);
 }
 
-void Form::HandleKeyPress(std::int32_t& character) {
+void Form::KeyPress(std::int32_t& character) {
     OnKeyPress(character);
     if (character != 0 && focus_ && focus_->onKeyPress) focus_->onKeyPress(character);
 }
 
 void Form::Key(std::int32_t keyCode, std::string_view character) {
     tabPending_ = false;
-    HandleKeyDown(keyCode);
-    const bool tab = std::exchange(tabPending_, false);
+    KeyDown(keyCode);
+    const bool tab = TabWasSent();
     auto* box = focus_ && focus_->kind() == Control::Kind::Text ? static_cast<TextBox*>(focus_) : nullptr;
     if (keyCode == kTab) {
         MoveFocusByTab();
@@ -154,7 +154,7 @@ void Form::Key(std::int32_t keyCode, std::string_view character) {
     } else if (keyCode == kDelete && character.empty()) {
         if (box) box->Erase(false);
     } else if (std::int32_t code = CodePoint(character); code != 0) {
-        HandleKeyPress(code);
+        KeyPress(code);
         if (box && code == kBackspace) box->Erase(true);
         if (box && code >= 32) box->ReplaceSelection(character);
     }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/controls.h"
@@ -71,6 +72,11 @@ class Form : public TableObject {
     /// One key as the platform hands it over: to the form, then to the focused control, then what the key
     /// itself does. `character` 0 is a key without one.
     void Key(std::int32_t keyCode, std::string_view character);
+    // The same in steps, for a window system whose own boxes take the characters. The code becomes 0 where
+    // the key is swallowed; TabWasSent answers whether a handler had a Tab follow.
+    void KeyDown(std::int32_t& keyCode);
+    void KeyPress(std::int32_t& character);
+    bool TabWasSent() { return std::exchange(tabPending_, false); }
     /// The user closes the form without confirming: close box, Escape, or nobody there to answer.
     virtual void CancelByUser() { Unload(); }
 
@@ -98,8 +104,6 @@ class Form : public TableObject {
     friend class Control;
     void Add(Control& control) { controls_.push_back(&control); }
     void Remove(Control& control);
-    void HandleKeyDown(std::int32_t& keyCode);
-    void HandleKeyPress(std::int32_t& character);
 
     WindowSystem& windows_;
     std::string name_;
