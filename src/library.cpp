@@ -3,6 +3,10 @@
 #include <algorithm>
 
 #include "reports/income/category_detail.h"
+#include "reports/income/category_summary.h"
+#include "reports/income/settlement_list.h"
+#include "reports/other/credit_warning.h"
+#include "reports/other/matching_balance.h"
 
 namespace qor {
 
@@ -14,8 +18,15 @@ constexpr std::string_view kPrefix = "QORArApRpt.";
 
 std::span<const ReportEntry> Reports() {
     static const ReportEntry kReports[] = {
+        {kRpt10507, MakeRpt10507},
+        {kRpt10508, MakeRpt10508},
+        {kRpt10521, MakeRpt10521},
         {kRpt10522, MakeRpt10522},
+        {kRpt10523, MakeRpt10523},
         {kRpt10524, MakeRpt10524},
+        {kRpt10525, MakeRpt10525},
+        {kRpt10526, MakeRpt10526},
+        {kRpt10527, MakeRpt10527},
     };
     return kReports;
 }

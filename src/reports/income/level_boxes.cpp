@@ -1,0 +1,87 @@
+#include "reports/income/level_boxes.h"
+
+#include "dialogs/item_boxes.h"
+
+namespace qor {
+
+namespace {
+
+constexpr std::int32_t kBackspace = 8, kFirstDigit = 48, kLastDigit = 57;
+constexpr std::int32_t kLevelWidth = 1425, kSpinWidth = 255;
+
+constexpr Bounds SpinBehind(const Bounds& box) {
+    return {box.left + box.width, box.top, kSpinWidth, box.height};
+}
+
+}  // namespace
+
+LevelBoxes::LevelBoxes(Form& form, Control& container, std::int32_t top, LowEndLevel lowEnd)
+    : lowEnd_(lowEnd),
+      Label7(form, "Label7", "类别级次:", {kBoundColumns.label, top + 60, 1170, 210}, &container),
+      txtlevel1(form, "txtlevel1", "1", {kBoundColumns.box, top, kLevelWidth, kBoxHeight}, &container),
+      udBLevel(form, "udBLevel", SpinBehind(txtlevel1.bounds()), &container),
+      Label6(form, "Label6", "至: ", {kBoundColumns.highLabel, top + 60, 510, 210}, &container),
+      txtlevel2(form, "txtlevel2", "2", {kBoundColumns.highBox, top, kLevelWidth, kBoxHeight}, &container),
+      udELevel(form, "udELevel", SpinBehind(txtlevel2.bounds()), &container) {
+    txtlevel1.SetEnabled(false);
+    txtlevel1.SetGrayed(true);
+    Connect(txtlevel1, udBLevel);
+    Connect(txtlevel2, udELevel);
+}
+
+void LevelBoxes::Connect(TextBox& level, Spin& spin) {
+    level.onKeyPress = [](std::int32_t& character) {
+        const bool digit = character >= kFirstDigit && character <= kLastDigit;
+        if (!digit && character != kBackspace) character = 0;
+    };
+    level.onGotFocus = [&level] { level.Select(0, level.length()); };
+    level.onChange = [this, &level, &spin] {
+        IgnoringErrors([&] { Change(level); });
+        IgnoringErrors([&] { spin.Follow(ToInt32(Val(level.text()))); });
+    };
+    level.onValidate = [this, &level] { Validate(level); };
+    spin.onChange = [&level, &spin] { level.SetText(ToText(spin.value())); };
+}
+
+/// While the user types, an emptied end level is the deepest one.
+void LevelBoxes::Change(TextBox& level) { Correct(level, &level == &txtlevel2 ? Maximum() : "1"); }
+
+void LevelBoxes::Validate(TextBox& level) { Correct(level, "1"); }
+
+void LevelBoxes::Correct(TextBox& level, std::string_view inPlaceOfBlank) {
+    if (Trimmed(level.text()).empty()) level.SetText(inPlaceOfBlank);
+    if (Val(level.text()) <= 0) level.SetText("1");
+    if (Val(level.text()) > udELevel.max()) level.SetText(Maximum());
+    if (Val(txtlevel2.text()) >= Val(txtlevel1.text())) return;
+    if (&level == &txtlevel2 && lowEnd_ == LowEndLevel::EndLevelIsHeld) {
+        txtlevel2.SetText(txtlevel1.text());
+    } else {
+        txtlevel1.SetText(txtlevel2.text());
+    }
+}
+
+std::string LevelBoxes::Maximum() const { return ToText(udELevel.max()); }
+
+void LevelBoxes::SetMaximum(std::int32_t deepest) {
+    const std::int32_t maximum = deepest == 0 ? 1 : deepest;
+    udBLevel.SetRange(1, maximum);
+    udELevel.SetRange(1, maximum);
+}
+
+void LevelBoxes::OfferBothLevels() {
+    Label7.SetVisible(true);
+    txtlevel1.SetText("1");
+    txtlevel1.SetEnabled(true);
+    udBLevel.SetVisible(true);
+    Label6.SetVisible(true);
+    txtlevel2.SetText("2");
+    txtlevel2.SetEnabled(true);
+    udELevel.SetVisible(true);
+}
+
+void LevelBoxes::FillZeroLevels() {
+    if (Val(txtlevel1.text()) == 0) txtlevel1.SetText("1");
+    if (Val(txtlevel2.text()) == 0) txtlevel2.SetText("2");
+}
+
+}  // namespace qor

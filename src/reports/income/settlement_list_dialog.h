@@ -1,0 +1,40 @@
+// frmFilter10525 and frmFilter10526: the filter of the receipt and the payment list.
+#pragma once
+
+#include <optional>
+
+#include "dialogs/plain_dialog.h"
+#include "reports/income/settlement_list_kind.h"
+
+namespace qor {
+
+class SettlementListDialog final : public PlainDialog {
+ public:
+    SettlementListDialog(Process& process, const SettlementListKind& kind);
+
+ private:
+    void EarlyLoad() override { chkIncludeRebate.SetValue(1); }
+    void FillLists() override;
+    void AdjustForAppType() override;
+    bool CheckConfirm() override { return CheckBillTypes(); }
+    void AddResultKeys(Dictionary& result) override;
+    bool CheckBillTypes();
+
+    const SettlementListKind& kind_;
+    Frame Frame1;
+    std::optional<Label> lblStatus;
+    std::optional<DropDown> cmbCheckState;
+    CheckBox chkShowNonZero;
+    CheckBox chkIncludeBill;
+    CheckBox chkIncludeOther;
+    CheckBox chkIncludePre;
+    CheckBox chkIncludeRebate;
+    // The sort order takes part in schemes and filter, but users do not get to see it.
+    Frame Frame2;
+    Label lblSort{*this, "lblSort", "排序：", {120, 315, 1170, 210}, &Frame2};
+    DropDown cboSortBy{*this, "cboSortBy", {1320, 255, 1680, kBoxHeight}, &Frame2};
+    OptionButton OptSortAsc{*this, "OptSortAsc", "升序", true, {3480, 270, 1050, 270}, &Frame2};
+    OptionButton OptSortDesc{*this, "OptSortDesc", "降序", false, {4680, 270, 1050, 270}, &Frame2};
+};
+
+}  // namespace qor
