@@ -18,15 +18,9 @@ constexpr std::string_view kPrefix = "QORArApRpt.";
 
 std::span<const ReportEntry> Reports() {
     static const ReportEntry kReports[] = {
-        {kRpt10507, MakeRpt10507},
-        {kRpt10508, MakeRpt10508},
-        {kRpt10521, MakeRpt10521},
-        {kRpt10522, MakeRpt10522},
-        {kRpt10523, MakeRpt10523},
-        {kRpt10524, MakeRpt10524},
-        {kRpt10525, MakeRpt10525},
-        {kRpt10526, MakeRpt10526},
-        {kRpt10527, MakeRpt10527},
+        {kRpt10507, MakeRpt10507}, {kRpt10508, MakeRpt10508}, {kRpt10521, MakeRpt10521},
+        {kRpt10522, MakeRpt10522}, {kRpt10523, MakeRpt10523}, {kRpt10524, MakeRpt10524},
+        {kRpt10525, MakeRpt10525}, {kRpt10526, MakeRpt10526}, {kRpt10527, MakeRpt10527},
     };
     return kReports;
 }
