@@ -1,0 +1,180 @@
+#include "windows/dispatch_object.h"
+
+#include <vector>
+
+#include "windows/enumerator.h"
+#include "windows/event_source.h"
+#include "windows/outward_objects.h"
+#include "windows/type_library.h"
+
+namespace qor::windows {
+
+namespace {
+
+InvokeKind KindOf(WORD flags) {
+    if (flags & DISPATCH_PROPERTYPUTREF) return InvokeKind::PutRef;
+    if (flags & DISPATCH_PROPERTYPUT) return InvokeKind::Put;
+    return flags & DISPATCH_METHOD ? InvokeKind::Method : InvokeKind::Get;
+}
+
+bool IsMissing(const VARIANT& variant) {
+    return variant.vt == VT_ERROR && variant.scode == DISP_E_PARAMNOTFOUND;
+}
+
+/// The arguments of one call, in the order of the parameters, with room for what comes back by reference.
+class IncomingArguments {
+ public:
+    explicit IncomingArguments(const DISPPARAMS& parameters) : values_(parameters.cArgs) {
+        const UINT count = parameters.cArgs;
+        variants_.reserve(count);
+        arguments_.reserve(count);
+        for (UINT i = 0; i < count; ++i) {
+            const VARIANT& variant = parameters.rgvarg[count - 1 - i];
+            variants_.push_back(&variant);
+            if (IsMissing(variant)) {
+                arguments_.push_back(Argument::Missing());
+                continue;
+            }
+            values_[i] = FromVariant(variant);
+            if (variant.vt & VT_BYREF) {
+                arguments_.push_back(Argument::ByRef(values_[i]));
+            } else {
+                arguments_.emplace_back(values_[i]);
+            }
+        }
+        before_ = values_;
+    }
+
+    Arguments arguments() { return arguments_; }
+
+    HRESULT HandBack() const {
+        for (std::size_t i = 0; i < values_.size(); ++i) {
+            if (!(variants_[i]->vt & VT_BYREF) || values_[i] == before_[i]) continue;
+            if (const HRESULT result = PutThroughReference(*variants_[i], values_[i]); FAILED(result))
+                return result;
+        }
+        return S_OK;
+    }
+
+ private:
+    std::vector<Value> values_;
+    std::vector<Value> before_;
+    std::vector<const VARIANT*> variants_;
+    std::vector<Argument> arguments_;
+};
+
+}  // namespace
+
+DISPID ToDispid(Object& object, MemberId member) {
+    return member == object.DefaultMember() ? DISPID_VALUE : member + 1;
+}
+
+MemberId FromDispid(Object& object, DISPID id) {
+    return id == DISPID_VALUE ? object.DefaultMember() : id - 1;
+}
+
+DispatchObject::DispatchObject(Object& object) : object_(&object), events_(EventSource::Of(object, *this)) {
+    RememberOutward(object, *this);
+    ServerLife::Hold();
+}
+
+DispatchObject::~DispatchObject() {
+    ForgetOutward(*object_);
+    ServerLife::Drop();
+}
+
+HRESULT DispatchObject::QueryInterface(REFIID id, void** object) {
+    if (!object) return E_POINTER;
+    *object = nullptr;
+    if (id == IID_IUnknown || id == IID_IDispatch || id == kOwnObject || IsInterfaceOf(*object_, id)) {
+        *object = static_cast<IDispatch*>(this);
+    } else if (id == IID_ISupportErrorInfo) {
+        *object = static_cast<ISupportErrorInfo*>(this);
+    } else if (id == IID_IConnectionPointContainer && events_) {
+        *object = static_cast<IConnectionPointContainer*>(this);
+    } else {
+        return E_NOINTERFACE;
+    }
+    AddRef();
+    return S_OK;
+}
+
+ULONG DispatchObject::AddRef() { return static_cast<ULONG>(InterlockedIncrement(&references_)); }
+
+ULONG DispatchObject::Release() {
+    const LONG left = InterlockedDecrement(&references_);
+    if (left == 0) delete this;
+    return static_cast<ULONG>(left);
+}
+
+HRESULT DispatchObject::GetTypeInfoCount(UINT* count) {
+    if (!count) return E_POINTER;
+    *count = TypeInfoOf(*object_) ? 1 : 0;
+    return S_OK;
+}
+
+HRESULT DispatchObject::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
+    if (!info) return E_POINTER;
+    *info = index == 0 ? TypeInfoOf(*object_).Detach() : nullptr;
+    return *info ? S_OK : DISP_E_BADINDEX;
+}
+
+HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+    if (!names || !ids || count == 0) return E_INVALIDARG;
+    return AtBorder(nullptr, [&]() -> HRESULT {
+        const MemberId member = object_->FindMember(Narrow(names[0]));
+        ids[0] = member == kNoMember ? DISPID_UNKNOWN : ToDispid(*object_, member);
+        for (UINT i = 1; i < count; ++i) {
+            ids[i] = DISPID_UNKNOWN;  // arguments are taken by their place, not by name
+        }
+        return member == kNoMember || count > 1 ? DISP_E_UNKNOWNNAME : S_OK;
+    });
+}
+
+HRESULT DispatchObject::Invoke(DISPID member, REFIID id, LCID, WORD flags, DISPPARAMS* parameters,
+                               VARIANT* result, EXCEPINFO* info, UINT* wrongArgument) {
+    if (id != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+    if (!parameters) return E_INVALIDARG;
+    if (wrongArgument) *wrongArgument = 0;
+    const ComPtr<IDispatch> kept(this);  // the last reference may go inside the call
+    return AtBorder(info, [&] { return InvokeMember(member, flags, *parameters, result); });
+}
+
+HRESULT DispatchObject::InvokeMember(DISPID member, WORD flags, DISPPARAMS& parameters, VARIANT* result) {
+    if (member == DISPID_NEWENUM) return NewEnum(result);
+    const bool isPut = flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF);
+    if (parameters.cNamedArgs > (isPut ? 1u : 0u)) return DISP_E_NONAMEDARGS;
+
+    const MemberId id = FromDispid(*object_, member);
+    if (id == kNoMember) return DISP_E_MEMBERNOTFOUND;
+    IncomingArguments incoming(parameters);
+    Value answer = object_->Invoke(id, KindOf(flags), incoming.arguments());
+    if (const HRESULT handed = incoming.HandBack(); FAILED(handed)) return handed;
+    if (result) *result = ToVariant(answer).Detach();
+    return S_OK;
+}
+
+HRESULT DispatchObject::NewEnum(VARIANT* result) {
+    ComPtr<IUnknown> enumerator = MakeEnumerator(*object_);
+    if (!enumerator) return DISP_E_MEMBERNOTFOUND;
+    if (!result) return E_POINTER;
+    VariantInit(result);
+    result->vt = VT_UNKNOWN;
+    result->punkVal = enumerator.Detach();
+    return S_OK;
+}
+
+HRESULT DispatchObject::InterfaceSupportsErrorInfo(REFIID id) { return id == IID_IDispatch ? S_OK : S_FALSE; }
+
+HRESULT DispatchObject::EnumConnectionPoints(IEnumConnectionPoints** points) {
+    if (points) *points = nullptr;
+    return E_NOTIMPL;  // each class has one, found by its id
+}
+
+HRESULT DispatchObject::FindConnectionPoint(REFIID id, IConnectionPoint** point) {
+    if (!point) return E_POINTER;
+    *point = nullptr;
+    return events_ ? events_->Find(id, point) : CONNECT_E_NOCONNECTION;
+}
+
+}  // namespace qor::windows

@@ -1,0 +1,139 @@
+#include "windows/event_source.h"
+
+#include <map>
+#include <vector>
+
+#include "progress/bar.h"
+#include "progress/cls_pass.h"
+#include "windows/types/class_ids.h"
+
+namespace qor::windows {
+
+namespace {
+
+/// One event interface of one object: the sinks that were advised, by cookie.
+class ConnectionPoint : public IConnectionPoint {
+ public:
+    ConnectionPoint(IDispatch& owner, const GUID& events) : owner_(owner), events_(events) {}
+
+    // Part of its object: counted with it.
+    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+        if (!object) return E_POINTER;
+        if (id != IID_IUnknown && id != IID_IConnectionPoint) {
+            *object = nullptr;
+            return E_NOINTERFACE;
+        }
+        *object = static_cast<IConnectionPoint*>(this);
+        AddRef();
+        return S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return owner_.AddRef(); }
+    STDMETHODIMP_(ULONG) Release() override { return owner_.Release(); }
+
+    STDMETHODIMP GetConnectionInterface(IID* id) override {
+        if (!id) return E_POINTER;
+        *id = events_;
+        return S_OK;
+    }
+    STDMETHODIMP GetConnectionPointContainer(IConnectionPointContainer** container) override {
+        return owner_.QueryInterface(IID_IConnectionPointContainer, reinterpret_cast<void**>(container));
+    }
+    STDMETHODIMP Advise(IUnknown* sink, DWORD* cookie) override {
+        if (!sink || !cookie) return E_POINTER;
+        ComPtr<IDispatch> dispatch;
+        if (FAILED(sink->QueryInterface(events_, reinterpret_cast<void**>(dispatch.GetAddressOf()))) &&
+            FAILED(sink->QueryInterface(IID_PPV_ARGS(&dispatch)))) {
+            return CONNECT_E_CANNOTCONNECT;
+        }
+        *cookie = ++lastCookie_;
+        sinks_.emplace(*cookie, std::move(dispatch));
+        return S_OK;
+    }
+    STDMETHODIMP Unadvise(DWORD cookie) override {
+        return sinks_.erase(cookie) ? S_OK : CONNECT_E_NOCONNECTION;
+    }
+    STDMETHODIMP EnumConnections(IEnumConnections** connections) override {
+        if (connections) *connections = nullptr;
+        return E_NOTIMPL;
+    }
+
+ protected:
+    ~ConnectionPoint() = default;
+
+    /// A sink that fails keeps neither the others nor the object from going on.
+    void RaiseEvent(DISPID event, std::vector<Value> arguments) {
+        std::vector<ComPtr<IDispatch>> sinks;
+        for (const auto& [cookie, sink] : sinks_) {
+            sinks.push_back(sink);
+        }
+        for (const ComPtr<IDispatch>& sink : sinks) {
+            std::vector<Variant> owned;
+            std::vector<VARIANT> reversed;
+            for (auto value = arguments.rbegin(); value != arguments.rend(); ++value) {
+                reversed.push_back(*owned.emplace_back(ToVariant(*value)));
+            }
+            DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+            sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr,
+                         nullptr);
+        }
+    }
+
+ private:
+    IDispatch& owner_;
+    GUID events_;
+    DWORD lastCookie_ = 0;
+    std::map<DWORD, ComPtr<IDispatch>> sinks_;
+};
+
+HRESULT FindPoint(ConnectionPoint& own, REFIID id, IConnectionPoint** point) {
+    IID ownId;
+    own.GetConnectionInterface(&ownId);
+    if (id != ownId && id != IID_IDispatch) return CONNECT_E_NOCONNECTION;
+    own.AddRef();
+    *point = &own;
+    return S_OK;
+}
+
+class BarSource final : public EventSource, private ConnectionPoint, private BarEvents {
+ public:
+    BarSource(Bar& bar, IDispatch& owner) : ConnectionPoint(owner, ToGuid(kBarEventsId)), bar_(bar) {
+        bar_.Connect(*this);
+    }
+    ~BarSource() override { bar_.Disconnect(*this); }
+    HRESULT Find(REFIID id, IConnectionPoint** point) override { return FindPoint(*this, id, point); }
+
+ private:
+    void Active() override { RaiseEvent(1, {}); }
+    Bar& bar_;
+};
+
+class PassSource final : public EventSource, private ConnectionPoint, private ClsPassEvents {
+ public:
+    PassSource(clsPass& pass, IDispatch& owner) : ConnectionPoint(owner, ToGuid(kPassEventsId)), pass_(pass) {
+        pass_.Connect(*this);
+    }
+    ~PassSource() override { pass_.Disconnect(*this); }
+    HRESULT Find(REFIID id, IConnectionPoint** point) override { return FindPoint(*this, id, point); }
+
+ private:
+    void SetBarMaxValue(std::int32_t value) override { RaiseEvent(1, {value}); }
+    void SetBarMinValue(std::int32_t value) override { RaiseEvent(2, {value}); }
+    void SetBarValue(std::int32_t value) override { RaiseEvent(3, {value}); }
+    void SetMsg(std::string_view text) override { RaiseEvent(4, {text}); }
+    void SetBarValueWithMax() override { RaiseEvent(5, {}); }
+    void Unload() override { RaiseEvent(6, {}); }
+    void Active() override { RaiseEvent(7, {}); }
+    void HideProgBar() override { RaiseEvent(8, {}); }
+    void ShowProgBar() override { RaiseEvent(9, {}); }
+    clsPass& pass_;
+};
+
+}  // namespace
+
+std::unique_ptr<EventSource> EventSource::Of(Object& object, IDispatch& owner) {
+    if (auto* bar = dynamic_cast<Bar*>(&object)) return std::make_unique<BarSource>(*bar, owner);
+    if (auto* pass = dynamic_cast<clsPass*>(&object)) return std::make_unique<PassSource>(*pass, owner);
+    return nullptr;
+}
+
+}  // namespace qor::windows

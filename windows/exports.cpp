@@ -1,0 +1,44 @@
+// The exported functions of an in-process component, and the module's entry.
+#include <wctype.h>
+
+#include "windows/class_factory.h"
+#include "windows/module.h"
+#include "windows/registration.h"
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
+    if (reason == DLL_PROCESS_ATTACH) {
+        qor::windows::RememberModule(module);
+        DisableThreadLibraryCalls(module);
+    }
+    return TRUE;
+}
+
+STDAPI DllGetClassObject(REFCLSID classId, REFIID interfaceId, LPVOID* factory) {
+    return qor::windows::AtBorder(nullptr,
+                                  [&] { return qor::windows::GetFactory(classId, interfaceId, factory); });
+}
+
+STDAPI DllCanUnloadNow() {
+    if (qor::windows::ServerLife::IsHeld()) return S_FALSE;
+    return qor::windows::AtBorder(nullptr, [] {
+        qor::windows::ReleaseComponentProcess();
+        return S_OK;
+    });
+}
+
+STDAPI DllRegisterServer() {
+    return qor::windows::AtBorder(nullptr, [] { return qor::windows::RegisterComponent(); });
+}
+
+STDAPI DllUnregisterServer() {
+    return qor::windows::AtBorder(nullptr, [] { return qor::windows::UnregisterComponent(); });
+}
+
+/// regsvr32 /i:user registers for the user alone.
+STDAPI DllInstall(BOOL install, PCWSTR commandLine) {
+    return qor::windows::AtBorder(nullptr, [&]() -> HRESULT {
+        if (!install) return qor::windows::UnregisterComponent();
+        const bool forUser = commandLine && _wcsicmp(commandLine, L"user") == 0;
+        return forUser ? qor::windows::RegisterComponentForUser() : qor::windows::RegisterComponent();
+    });
+}

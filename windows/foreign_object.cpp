@@ -1,0 +1,111 @@
+#include "windows/foreign_object.h"
+
+#include <vector>
+
+namespace qor::windows {
+
+namespace {
+
+/// A by-reference argument: a VARIANT of our own that the callee may replace.
+struct Passed {
+    Variant own;
+    VARIANT reference{};
+};
+
+WORD FlagsOf(InvokeKind kind) {
+    switch (kind) {
+        case InvokeKind::Method:
+            return DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+        case InvokeKind::Get:
+            return DISPATCH_PROPERTYGET | DISPATCH_METHOD;
+        case InvokeKind::Put:
+            return DISPATCH_PROPERTYPUT;
+        case InvokeKind::PutRef:
+            return DISPATCH_PROPERTYPUTREF;
+    }
+    return 0;
+}
+
+bool IsUnknownWay(HRESULT result) { return result == DISP_E_MEMBERNOTFOUND || result == E_NOTIMPL; }
+
+}  // namespace
+
+ForeignObject::ForeignObject(IDispatch* dispatch) : dispatch_(dispatch) {
+    dispatch_->QueryInterface(IID_IDispatchEx, reinterpret_cast<void**>(dispatchEx_.GetAddressOf()));
+}
+
+ForeignObject::~ForeignObject() {
+    if (borrowed_) dispatch_.Detach();
+}
+
+Ref<Object> ForeignObject::Borrowed(IDispatch* dispatch) {
+    return Ref<Object>(new ForeignObject(dispatch, Borrowing::Borrows));
+}
+
+MemberId ForeignObject::FindMember(std::string_view name) {
+    const std::string key(name);
+    if (const auto found = members_.find(key); found != members_.end()) return found->second;
+    DISPID id = DISPID_UNKNOWN;
+    const Bstr wide(name);
+    HRESULT result = E_NOTIMPL;
+    if (dispatchEx_) result = dispatchEx_->GetDispID(wide.get(), fdexNameCaseInsensitive, &id);
+    if (FAILED(result)) {
+        LPOLESTR text = wide.get();
+        result = dispatch_->GetIDsOfNames(IID_NULL, &text, 1, LOCALE_USER_DEFAULT, &id);
+    }
+    const MemberId member = FAILED(result) ? kNoMember : id;
+    members_.emplace(key, member);
+    return member;
+}
+
+HRESULT ForeignObject::InvokeAs(MemberId member, WORD flags, DISPPARAMS& parameters, VARIANT* result,
+                                EXCEPINFO& info) {
+    if (dispatchEx_) {
+        const HRESULT answer =
+            dispatchEx_->InvokeEx(member, LOCALE_USER_DEFAULT, flags, &parameters, result, &info, nullptr);
+        if (answer != E_NOTIMPL) return answer;
+    }
+    UINT wrongArgument = 0;
+    return dispatch_->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, result, &info,
+                             &wrongArgument);
+}
+
+Value ForeignObject::Invoke(MemberId member, InvokeKind kind, Arguments arguments) {
+    const bool isPut = kind == InvokeKind::Put || kind == InvokeKind::PutRef;
+    std::vector<Passed> passed;
+    passed.reserve(arguments.size());
+    std::vector<VARIANT> reversed(arguments.size());  // automation passes arguments last first
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        Argument& argument = arguments[i];
+        Passed& slot = passed.emplace_back(Passed{argument.IsMissing() ? Variant() : ToVariant(*argument)});
+        VARIANT& out = reversed[arguments.size() - 1 - i];
+        if (argument.IsMissing()) {
+            out.vt = VT_ERROR;
+            out.scode = DISP_E_PARAMNOTFOUND;
+        } else if (argument.IsByRef()) {
+            out.vt = VT_BYREF | VT_VARIANT;
+            out.pvarVal = slot.own.get();
+        } else {
+            out = *slot.own;
+        }
+    }
+
+    DISPID putName = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters{reversed.data(), isPut ? &putName : nullptr, static_cast<UINT>(reversed.size()),
+                          isPut ? 1u : 0u};
+    Variant result;
+    EXCEPINFO info{};
+    HRESULT answer = InvokeAs(member, FlagsOf(kind), parameters, isPut ? nullptr : result.get(), info);
+    if (isPut && IsUnknownWay(answer)) {
+        const InvokeKind other = kind == InvokeKind::Put ? InvokeKind::PutRef : InvokeKind::Put;
+        answer = InvokeAs(member, FlagsOf(other), parameters, nullptr, info);
+    }
+    if (FAILED(answer)) RaiseFromCom(answer, info);
+
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        if (arguments[i].IsByRef()) *arguments[i] = FromVariant(*passed[i].own);
+    }
+    return FromVariant(*result);
+}
+
+}  // namespace qor::windows

@@ -1,0 +1,39 @@
+// ForeignObject: an object of a host or a server, as the library's objects see it.
+#pragma once
+
+#include <dispex.h>
+
+#include <string>
+#include <unordered_map>
+
+#include "windows/bridge.h"
+
+namespace qor::windows {
+
+class ForeignObject final : public Object {
+ public:
+    explicit ForeignObject(IDispatch* dispatch);
+    ~ForeignObject() override;
+    /// An object that is used without a reference to it: its owner keeps it for longer than we use it.
+    static Ref<Object> Borrowed(IDispatch* dispatch);
+
+    std::string_view ClassName() const override { return "Object"; }
+    MemberId FindMember(std::string_view name) override;
+    MemberId DefaultMember() override { return DISPID_VALUE; }
+    Value Invoke(MemberId member, InvokeKind kind, Arguments arguments) override;
+
+    IDispatch* dispatch() const { return dispatch_.Get(); }
+
+ private:
+    enum class Borrowing { Borrows };
+    ForeignObject(IDispatch* dispatch, Borrowing) : borrowed_(true) { dispatch_.Attach(dispatch); }
+
+    HRESULT InvokeAs(MemberId member, WORD flags, DISPPARAMS& parameters, VARIANT* result, EXCEPINFO& info);
+
+    ComPtr<IDispatch> dispatch_;
+    ComPtr<IDispatchEx> dispatchEx_;  // script classes of a host answer only this one
+    bool borrowed_ = false;
+    std::unordered_map<std::string, MemberId> members_;  // looked up once
+};
+
+}  // namespace qor::windows

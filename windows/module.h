@@ -1,0 +1,22 @@
+// This module in its process: its file, and the one Process that all its objects share.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "process/process.h"
+
+namespace qor::windows {
+
+void RememberModule(HMODULE module);
+HMODULE ThisModule();
+/// The file of this module.
+std::wstring ModulePath();
+
+/// Made at the first creation of an object; it holds what the reports keep for the life of the component.
+Process& ComponentProcess();
+/// Lets go of it, and with it of every server object that it kept. Only when no object is alive.
+void ReleaseComponentProcess();
+
+}  // namespace qor::windows

@@ -1,0 +1,77 @@
+#include "windows/windows_platform.h"
+
+#include "frames/plain_scheme_frame.h"
+#include "frames/scheme_dialog_frame.h"
+#include "library.h"
+#include "platform/late_bound.h"
+#include "windows/foreign_object.h"
+#include "windows/module.h"
+
+namespace qor::windows {
+
+namespace {
+
+constexpr std::string_view kDictionaryName = "QRB.Dictionary", kVectorName = "QRB.Vector";
+
+bool IsRegistered(std::string_view name) {
+    CLSID id;
+    return SUCCEEDED(CLSIDFromProgID(Wide(name).c_str(), &id));
+}
+
+Ref<Object> CreateByName(std::string_view name) {
+    CLSID id;
+    ComPtr<IDispatch> made;
+    if (FAILED(CLSIDFromProgID(Wide(name).c_str(), &id)) ||
+        FAILED(CoCreateInstance(id, nullptr, CLSCTX_ALL, IID_PPV_ARGS(&made)))) {
+        Raise(Automation::CannotCreate);
+    }
+    return Inward(made.Get());
+}
+
+}  // namespace
+
+WindowsPlatform::WindowsPlatform()
+    : schemes_(UserSchemeFile()),
+      hasDictionary_(IsRegistered(kDictionaryName)),
+      hasVector_(IsRegistered(kVectorName)) {}
+
+Ref<Object> WindowsPlatform::CreateComponent(std::string_view name) {
+    if (Ref<Object> own = CreateReportClass(ComponentProcess(), name)) return own;
+    return CreateByName(name);
+}
+
+Date WindowsPlatform::Now() {
+    SYSTEMTIME time;
+    GetLocalTime(&time);
+    double serial = 0;
+    SystemTimeToVariantTime(&time, &serial);
+    return Date{serial};
+}
+
+std::int32_t WindowsPlatform::ProcessNumber() { return static_cast<std::int32_t>(GetCurrentProcessId()); }
+
+Ref<Object> WindowsPlatform::ProcessBag() {
+    const std::string name = std::to_string(GetCurrentProcessId());
+    auto* bag = reinterpret_cast<IDispatch*>(GetPropA(GetDesktopWindow(), name.c_str()));
+    return bag ? ForeignObject::Borrowed(bag) : Ref<Object>();
+}
+
+Ref<Dictionary> WindowsPlatform::NewDictionary() {
+    if (!hasDictionary_) return Platform::NewDictionary();
+    return MakeRef<LateBoundDictionary>(CreateByName(kDictionaryName));
+}
+
+Ref<Vector> WindowsPlatform::NewVector() {
+    if (!hasVector_) return Platform::NewVector();
+    return MakeRef<LateBoundVector>(CreateByName(kVectorName));
+}
+
+std::unique_ptr<PlainFrame> WindowsPlatform::NewPlainFrame(PlainFrameHost& form) {
+    return std::make_unique<PlainSchemeFrame>(*this, schemes_, form);
+}
+
+std::unique_ptr<SchemeFrame> WindowsPlatform::NewSchemeFrame(SchemeFrameHost& form) {
+    return std::make_unique<SchemeDialogFrame>(*this, schemes_, form);
+}
+
+}  // namespace qor::windows

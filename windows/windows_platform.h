@@ -1,0 +1,34 @@
+// WindowsPlatform: the library's surroundings inside a host's process on Windows.
+#pragma once
+
+#include <optional>
+
+#include "frames/file_scheme_store.h"
+#include "platform/platform.h"
+#include "windows/native_windows.h"
+
+namespace qor::windows {
+
+class WindowsPlatform final : public Platform {
+ public:
+    WindowsPlatform();
+
+    Ref<Object> CreateComponent(std::string_view name) override;
+    WindowSystem& windows() override { return windows_; }
+    Date Now() override;
+    std::int32_t ProcessNumber() override;
+    Ref<Object> ProcessBag() override;
+    // The foundation library's own where it is registered, ours where it is not.
+    Ref<Dictionary> NewDictionary() override;
+    Ref<Vector> NewVector() override;
+    std::unique_ptr<PlainFrame> NewPlainFrame(PlainFrameHost& form) override;
+    std::unique_ptr<SchemeFrame> NewSchemeFrame(SchemeFrameHost& form) override;
+
+ private:
+    NativeWindows windows_;
+    FileSchemeStore schemes_;
+    bool hasDictionary_ = false;
+    bool hasVector_ = false;
+};
+
+}  // namespace qor::windows
