@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <chrono>
 #include <cstdlib>
 #include <system_error>
 #include <thread>
@@ -21,7 +20,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::int32_t kPathOrFileAccess = 75;
-constexpr auto kLongestWait = std::chrono::seconds(5);
 constexpr auto kBetweenTries = std::chrono::milliseconds(10);
 
 std::string Reason(int code) {
@@ -192,11 +190,11 @@ fs::path SetAside(const fs::path& file, std::string_view mark) {
     }
 }
 
-FileLock::FileLock(const fs::path& lockFile) {
+FileLock::FileLock(const fs::path& lockFile, std::chrono::milliseconds longestWait) {
     MakeFolder(lockFile.parent_path());
     descriptor_ = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (descriptor_ < 0) FailWith(errno, "无法写入文件", lockFile);
-    const auto giveUp = std::chrono::steady_clock::now() + kLongestWait;
+    const auto giveUp = std::chrono::steady_clock::now() + longestWait;
     while (::flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
         const int code = errno;
         if ((code == EWOULDBLOCK || code == EINTR) && std::chrono::steady_clock::now() < giveUp) {

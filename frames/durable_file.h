@@ -3,6 +3,7 @@
 // files stands behind this header. Everything raises Error 75 with a message for the user.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -27,8 +28,8 @@ std::filesystem::path SetAside(const std::filesystem::path& file, std::string_vi
 /// Held by one owner at a time, in this process and in all others. The lock file stays for the next one.
 class FileLock {
  public:
-    /// Waits a few seconds at most for whoever holds it. A folder that is missing is made.
-    explicit FileLock(const std::filesystem::path& lockFile);
+    /// Waits that long at most for whoever holds it. A folder that is missing is made.
+    FileLock(const std::filesystem::path& lockFile, std::chrono::milliseconds longestWait);
     ~FileLock();
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;

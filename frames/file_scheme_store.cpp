@@ -50,7 +50,7 @@ SchemeBook FileSchemeStore::Read() {
 
     std::optional<FileLock> lock;
     try {
-        lock.emplace(LockFile());
+        lock.emplace(LockFile(), longestWait_);
     } catch (const Error& failure) {
         TellDamaged(file_, failure.description());
     }
@@ -67,7 +67,7 @@ SchemeBook FileSchemeStore::ReadLocked() {
 }
 
 void FileSchemeStore::Change(const std::function<bool(SchemeBook&)>& change) {
-    const FileLock lock(LockFile());
+    const FileLock lock(LockFile(), longestWait_);
     SchemeBook book = ReadLocked();
     if (change(book)) ReplaceFile(file_, WriteSchemeFile(book));
 }

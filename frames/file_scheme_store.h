@@ -3,6 +3,7 @@
 // crash at any moment leaves the old or the new state.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 
@@ -17,7 +18,10 @@ std::filesystem::path UserSchemeFile();
 /// next one begins with no schemes. A file of a later version is refused and left as it is.
 class FileSchemeStore final : public SchemeStore {
  public:
-    explicit FileSchemeStore(std::filesystem::path file) : file_(std::move(file)) {}
+    /// `longestWait` is for another process that is just writing.
+    explicit FileSchemeStore(std::filesystem::path file,
+                             std::chrono::milliseconds longestWait = std::chrono::seconds(5))
+        : file_(std::move(file)), longestWait_(longestWait) {}
 
     std::vector<std::string> Names(std::int32_t rptID) override;
     std::string LastUsed(std::int32_t rptID) override;
@@ -34,6 +38,7 @@ class FileSchemeStore final : public SchemeStore {
     std::filesystem::path LockFile() const;
 
     std::filesystem::path file_;
+    std::chrono::milliseconds longestWait_;
 };
 
 }  // namespace qor

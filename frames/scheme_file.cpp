@@ -81,9 +81,9 @@ SchemeFileReading ReadSchemeFile(std::string_view text) {
     try {
         const OrderedJson json = OrderedJson::parse(text);
         const OrderedJson& version = json.at("version");
-        if (!version.is_number_integer()) return {};
-        if (version.get<double>() > kSchemeFileVersion) return {.laterVersion = version.dump()};
-        if (version.get<double>() < 1) return {};
+        if (version.is_number() && version.get<double>() > kSchemeFileVersion)
+            return {.laterVersion = version.dump()};
+        if (version != kSchemeFileVersion) return {};
         return {.book = BookFromJson(json)};
     } catch (const OrderedJson::exception&) {
         return {};

@@ -1,5 +1,5 @@
-// Values as JSON, with their exact type: the notation of scheme files and of conversations. Objects have no
-// place in a scheme and are left to whoever knows how to write them out.
+// Values as JSON in such a way that the very same value comes back: its type, its width, the fraction of a
+// second. Objects have no place in a scheme.
 #pragma once
 
 #include <nlohmann/json.hpp>
