@@ -20,6 +20,12 @@ SavedScheme FromDictionary(const Dictionary& dictionary) {
     return scheme;
 }
 
+void FillFrom(const SavedScheme& scheme, Dictionary& dictionary) {
+    for (const SchemeItem& item : scheme) {
+        dictionary.Put(item.key, item.value);
+    }
+}
+
 }  // namespace
 
 void SchemeDialogFrame::AttachDateTypes(DropDown& types, DatePicker& begin, DatePicker& end,
@@ -34,7 +40,8 @@ bool SchemeDialogFrame::BeginShow() {
         shelf_.Refresh();
         return true;
     }
-    currentScheme_ = handed_ ? ToDictionary(FromDictionary(*handed_)) : GatherScheme();
+    currentScheme_ = CopyOfHanded();
+    if (!currentScheme_) currentScheme_ = GatherScheme();
     TellClosing(false);
     return false;
 }
@@ -45,30 +52,49 @@ void SchemeDialogFrame::Start() {
     form_.ShowPanel(true);
     if (handed_) return form_.OnSchemeToPanel(*handed_);
     if (const std::optional<SavedScheme> scheme = shelf_.TakeLastUsed()) {
-        form_.OnSchemeToPanel(*ToDictionary(*scheme));
+        ShowSaved(*scheme);
     } else {
         form_.OnSchemeDefaults();
     }
 }
 
-Ref<Dictionary> SchemeDialogFrame::WholePanel() {
-    Ref<Dictionary> scheme = platform_.NewDictionary();
-    form_.OnPanelToScheme(*scheme);
-    return scheme;
+void SchemeDialogFrame::GatherInto(Dictionary& scheme) {
+    form_.OnPanelToScheme(scheme);
+    if (!whole_) form_.OnCommonToScheme(scheme);
 }
 
 Ref<Dictionary> SchemeDialogFrame::GatherScheme() {
-    Ref<Dictionary> scheme = WholePanel();
-    if (!whole_) form_.OnCommonToScheme(*scheme);
+    Ref<Dictionary> scheme = platform_.NewDictionary();
+    GatherInto(*scheme);
     return scheme;
 }
 
-Ref<Dictionary> SchemeDialogFrame::ToDictionary(const SavedScheme& scheme) {
-    Ref<Dictionary> dictionary = platform_.NewDictionary();
-    for (const SchemeItem& item : scheme) {
-        dictionary->Put(item.key, item.value);
-    }
-    return dictionary;
+Ref<Dictionary> SchemeDialogFrame::CopyOfHanded() {
+    if (!handed_) return {};
+    Ref<Dictionary> copy = platform_.NewDictionary();
+    // A host's own dictionary may have no way to tell its keys; then the panel, filled from it, speaks for
+    // it.
+    const bool copied = IgnoringErrors([&] { FillFrom(FromDictionary(*handed_), *copy); });
+    return copied ? copy : Ref<Dictionary>();
+}
+
+void SchemeDialogFrame::CarryToCommon() {
+    const auto scheme = MakeRef<OrderedDictionary>();
+    form_.OnPanelToScheme(*scheme);
+    form_.OnSchemeToCommon(*scheme);
+}
+
+void SchemeDialogFrame::CarryToWhole() {
+    const auto scheme = MakeRef<OrderedDictionary>();
+    GatherInto(*scheme);
+    form_.OnSchemeToPanel(*scheme);
+}
+
+void SchemeDialogFrame::ShowSaved(const SavedScheme& scheme) {
+    const auto dictionary = MakeRef<OrderedDictionary>();
+    FillFrom(scheme, *dictionary);
+    form_.OnSchemeToPanel(*dictionary);
+    if (!whole_) CarryToCommon();
 }
 
 void SchemeDialogFrame::TellClosing(bool isCancelled) {
@@ -104,12 +130,13 @@ void SchemeDialogFrame::ShowDefaults() {
 }
 
 void SchemeDialogFrame::SaveScheme(std::string_view name) {
-    shelf_.Save(name, FromDictionary(*GatherScheme()));
+    const auto scheme = MakeRef<OrderedDictionary>();
+    GatherInto(*scheme);
+    shelf_.Save(name, FromDictionary(*scheme));
 }
 
 void SchemeDialogFrame::LoadSavedScheme(std::string_view name) {
-    form_.OnSchemeToPanel(*ToDictionary(shelf_.Load(name)));
-    if (!whole_) CarryToCommon();
+    ShowSaved(shelf_.Load(name));
     handed_ = {};
 }
 

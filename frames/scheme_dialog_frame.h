@@ -42,11 +42,12 @@ class SchemeDialogFrame final : public SchemeFrame {
 
  private:
     void Start();
-    Ref<Dictionary> WholePanel();
-    Ref<Dictionary> GatherScheme();  // what is on the screen, whichever panel is up
-    void CarryToCommon() { form_.OnSchemeToCommon(*WholePanel()); }
-    void CarryToWhole() { form_.OnSchemeToPanel(*GatherScheme()); }
-    Ref<Dictionary> ToDictionary(const SavedScheme& scheme);
+    void GatherInto(Dictionary& scheme);  // what is on the screen, whichever panel is up
+    Ref<Dictionary> GatherScheme();
+    Ref<Dictionary> CopyOfHanded();  // nothing where there is none
+    void CarryToCommon();
+    void CarryToWhole();
+    void ShowSaved(const SavedScheme& scheme);
     void TellClosing(bool isCancelled);
     void OpenPicker(std::int32_t itemClass, TextBox& box);
 

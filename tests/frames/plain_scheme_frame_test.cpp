@@ -3,14 +3,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "frames/frame_platform.h"
+#include "frames/failing_store.h"
+#include "platform/conversions.h"
 #include "support/raises.h"
+#include "support/test_platform.h"
 
 namespace qor {
 namespace {
 
 using test::ErrorOf;
-using test::Written;
+using test::Shown;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -53,7 +55,7 @@ class PlainFrameTest : public testing::Test {
         PlainSchemeFrame frame;
     };
 
-    test::FramePlatform platform;
+    test::TestPlatform platform;
     MemorySchemeStore store;
     Dialog dialog{platform, store};
 };
@@ -63,7 +65,7 @@ TEST_F(PlainFrameTest, WithoutASchemeTheDefaultsComeUp) {
     EXPECT_THAT(dialog.form.events, ElementsAre("defaults"));
     EXPECT_EQ(dialog.frame.CurrentSchemeName(), "");
     EXPECT_EQ(dialog.frame.title(), "收入类别明细表");
-    EXPECT_THAT(platform.screen.boxes, IsEmpty());
+    EXPECT_THAT(platform.windows().boxes, IsEmpty());
 }
 
 TEST_F(PlainFrameTest, TheLastUsedSchemeComesUp) {
@@ -76,7 +78,8 @@ TEST_F(PlainFrameTest, TheLastUsedSchemeComesUp) {
 }
 
 TEST_F(PlainFrameTest, AnyValueOfASchemeReachesTheFormAsText) {
-    store.Save(10522, "甲", {{"DtpBDate", test::Day(2020, 1, 31)}, {"BNumber", std::int16_t{7}}});
+    store.Save(10522, "甲",
+               {{"DtpBDate", DateFromCalendar(2020, 1, 31).value()}, {"BNumber", std::int16_t{7}}});
     dialog.Init();
     EXPECT_EQ(dialog.form.OnScreen(), "2020-01-31 7");
 }
@@ -104,11 +107,11 @@ TEST_F(PlainFrameTest, ConditionsAreANewDictionaryOfTextsInTheOrderOfWriting) {
     dialog.Init();
     dialog.form.number = "；\\;=";
     const Ref<Dictionary> first = dialog.frame.CurrentConditions();
-    EXPECT_EQ(Written(*first), "DtpBDate=2020-09-01 BNumber=；\\;=");
+    EXPECT_EQ(Shown(first), "{DtpBDate: \"2020-09-01\", BNumber: \"；\\;=\"}");
     dialog.form.number = "7";
     const Ref<Dictionary> second = dialog.frame.CurrentConditions();
-    EXPECT_EQ(Written(*second), "DtpBDate=2020-09-01 BNumber=7");
-    EXPECT_EQ(Written(*first), "DtpBDate=2020-09-01 BNumber=；\\;=");
+    EXPECT_EQ(Shown(second), R"({DtpBDate: "2020-09-01", BNumber: "7"})");
+    EXPECT_EQ(Shown(first), "{DtpBDate: \"2020-09-01\", BNumber: \"；\\;=\"}");
 }
 
 TEST_F(PlainFrameTest, ASavedSchemeComesUpInTheNextDialog) {
@@ -201,11 +204,11 @@ TEST_F(PlainFrameTest, AStoreThatFailsIsToldOnceAndTheDefaultsComeUp) {
     Dialog troubled(platform, failing);
     troubled.Init();
     EXPECT_THAT(troubled.form.events, ElementsAre("defaults"));
-    ASSERT_EQ(platform.screen.boxes.size(), 1u);
-    EXPECT_EQ(platform.screen.boxes[0].text, "方案文件坏了");
-    EXPECT_EQ(platform.screen.boxes[0].title, "信息提示");
-    EXPECT_EQ(platform.screen.boxes[0].style, 64);
-    EXPECT_EQ(Written(*troubled.frame.CurrentConditions()), "DtpBDate=2020-09-01 BNumber=");
+    ASSERT_EQ(platform.windows().boxes.size(), 1u);
+    EXPECT_EQ(platform.windows().boxes[0].text, "方案文件坏了");
+    EXPECT_EQ(platform.windows().boxes[0].title, "信息提示");
+    EXPECT_EQ(platform.windows().boxes[0].style, 64);
+    EXPECT_EQ(Shown(troubled.frame.CurrentConditions()), R"({DtpBDate: "2020-09-01", BNumber: ""})");
     EXPECT_EQ(ErrorOf([&] { troubled.frame.SaveScheme("甲"); })->description(), "方案文件坏了");
     EXPECT_EQ(troubled.frame.CurrentSchemeName(), "");
 }

@@ -1,87 +1,17 @@
-#include "frames/scheme_dialog_frame.h"
-
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include "frames/date_types.h"
-#include "frames/frame_platform.h"
+#include "frames/failing_store.h"
+#include "frames/scheme_frame_fixture.h"
 #include "support/raises.h"
 
 namespace qor {
 namespace {
 
 using test::ErrorOf;
-using test::Written;
+using test::SchemeFrameTest;
+using test::Shown;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-/// A dialog with three values on the whole panel, of which the short one shows the first.
-class TwoPanels final : public SchemeFrameHost {
- public:
-    std::string customer = "as made", department = "as made", common = "as made";
-    std::int16_t zero = 0;
-    std::int32_t itemClass = 0;
-    SchemeFrame* frame = nullptr;
-    Ref<Dictionary> result;
-    std::vector<std::string> events;
-
-    void OnSchemeDefaults() override {
-        events.emplace_back("defaults");
-        zero = 1;
-    }
-    void OnSchemeClosing(std::int16_t& cancel) override {
-        events.push_back("closing " + std::to_string(cancel));
-        if (cancel == 0) result = frame->CurrentScheme();
-    }
-    void OnSchemeToPanel(Dictionary& scheme) override {
-        events.emplace_back("to panel");
-        customer = ToText(scheme.GetOr("BCustNumber", ""));
-        department = ToText(scheme.GetOr("BDeptNumber", ""));
-        zero = ToInt16(scheme.GetOr("NotShowBalZero", std::int16_t{0}));
-    }
-    void OnPanelToScheme(Dictionary& scheme) override {
-        scheme.Put("BCustNumber", customer);
-        scheme.Put("BDeptNumber", department);
-        scheme.Put("NotShowBalZero", zero);
-    }
-    void OnSchemeToCommon(Dictionary& scheme) override { common = ToText(scheme.GetOr("BCustNumber", "")); }
-    void OnCommonToScheme(Dictionary& scheme) override { scheme.Put("BCustNumber", common); }
-    void OnItemClassOf(Control& control, std::int32_t& wanted) override {
-        events.push_back("class of " + control.name());
-        if (itemClass != 0) wanted = itemClass;
-    }
-    void ShowPanel(bool whole) override { events.emplace_back(whole ? "whole" : "common"); }
-    void CloseDialog() override { events.emplace_back("close"); }
-
-    std::string OnPanel() const { return customer + " " + department + " " + std::to_string(zero); }
-};
-
-class SchemeFrameTest : public testing::Test {
- protected:
-    struct Dialog {
-        Dialog(Platform& platform, SchemeStore& store) : frame(platform, store, form) {
-            form.frame = &frame;
-            frame.SetFrameRptID(10502);
-            frame.LinkFrameAutoFilter(autoFilter);
-        }
-        std::int32_t autoFilter = -1;
-        TwoPanels form;
-        SchemeDialogFrame frame;
-    };
-
-    static Ref<Dictionary> Filter() {
-        const auto filter = MakeRef<OrderedDictionary>();
-        filter->Put("NotShowBalZero", "1");
-        filter->Put("BCustNumber", "01.001");
-        filter->Put("DataRightWhere", " 1=1 ");
-        return filter;
-    }
-
-    test::FramePlatform platform;
-    MemorySchemeStore store;
-    Dialog dialog{platform, store};
-    TwoPanels& form = dialog.form;
-};
 
 // How it begins.
 
@@ -124,12 +54,12 @@ TEST_F(SchemeFrameTest, AStoreThatFailsIsToldOnceAndTheDefaultsComeUp) {
     Dialog troubled(platform, failing);
     EXPECT_TRUE(troubled.frame.BeginShow());
     EXPECT_THAT(troubled.form.events, ElementsAre("whole", "defaults"));
-    ASSERT_EQ(platform.screen.boxes.size(), 1u);
-    EXPECT_EQ(platform.screen.boxes[0].text, "方案文件坏了");
-    EXPECT_EQ(platform.screen.boxes[0].title, "信息提示");
+    ASSERT_EQ(platform.windows().boxes.size(), 1u);
+    EXPECT_EQ(platform.windows().boxes[0].text, "方案文件坏了");
+    EXPECT_EQ(platform.windows().boxes[0].title, "信息提示");
     troubled.frame.Confirm();
-    EXPECT_EQ(Written(*troubled.form.result),
-              "BCustNumber=as made BDeptNumber=as made NotShowBalZero=1:Integer");
+    EXPECT_EQ(Shown(troubled.form.result),
+              R"({BCustNumber: "as made", BDeptNumber: "as made", NotShowBalZero: int16(1)})");
 }
 
 // How it ends.
@@ -140,7 +70,7 @@ TEST_F(SchemeFrameTest, OkGathersThePanelAndCloses) {
     form.events.clear();
     dialog.frame.Confirm();
     EXPECT_THAT(form.events, ElementsAre("closing 0", "close"));
-    EXPECT_EQ(Written(*form.result), "BCustNumber=c2 BDeptNumber=as made NotShowBalZero=1:Integer");
+    EXPECT_EQ(Shown(form.result), R"({BCustNumber: "c2", BDeptNumber: "as made", NotShowBalZero: int16(1)})");
 }
 
 TEST_F(SchemeFrameTest, OkOnTheShortPanelLaysItsKeysOverTheWholePanels) {
@@ -149,7 +79,7 @@ TEST_F(SchemeFrameTest, OkOnTheShortPanelLaysItsKeysOverTheWholePanels) {
     dialog.frame.SwitchPanel(false);
     form.common = "short";
     dialog.frame.Confirm();
-    EXPECT_EQ(Written(*form.result), "BCustNumber=short BDeptNumber=d1 NotShowBalZero=1:Integer");
+    EXPECT_EQ(Shown(form.result), R"({BCustNumber: "short", BDeptNumber: "d1", NotShowBalZero: int16(1)})");
 }
 
 TEST_F(SchemeFrameTest, EachConfirmationIsANewDictionary) {
@@ -182,7 +112,7 @@ TEST_F(SchemeFrameTest, AHandedFilterIsConfirmedAsItIsInANewDictionary) {
     dialog.frame.LoadScheme(handed);
     EXPECT_FALSE(dialog.frame.BeginShow());
     EXPECT_THAT(form.events, ElementsAre("whole", "to panel", "closing 0"));
-    EXPECT_EQ(Written(*form.result), "NotShowBalZero=1 BCustNumber=01.001 DataRightWhere= 1=1 ");
+    EXPECT_EQ(Shown(form.result), R"({NotShowBalZero: "1", BCustNumber: "01.001", DataRightWhere: " 1=1 "})");
     EXPECT_NE(form.result, handed);
     EXPECT_EQ(form.OnPanel(), "01.001  1") << "a later show begins with it";
 }
@@ -205,14 +135,33 @@ TEST_F(SchemeFrameTest, AHandedFilterStandsUntilTheUserConfirmsAnother) {
     dialog.frame.Confirm();
     dialog.autoFilter = -2;
     EXPECT_FALSE(dialog.frame.BeginShow());
-    EXPECT_EQ(Written(*form.result), "BCustNumber=c3 BDeptNumber= NotShowBalZero=1:Integer");
+    EXPECT_EQ(Shown(form.result), R"({BCustNumber: "c3", BDeptNumber: "", NotShowBalZero: int16(1)})");
 }
 
 TEST_F(SchemeFrameTest, WithNothingHandedThePanelIsConfirmed) {
     dialog.autoFilter = -2;
     EXPECT_FALSE(dialog.frame.BeginShow());
     EXPECT_THAT(form.events, ElementsAre("whole", "defaults", "closing 0"));
-    EXPECT_EQ(Written(*form.result), "BCustNumber=as made BDeptNumber=as made NotShowBalZero=1:Integer");
+    EXPECT_EQ(Shown(form.result),
+              R"({BCustNumber: "as made", BDeptNumber: "as made", NotShowBalZero: int16(1)})");
+}
+
+/// A host's dictionary that cannot be counted.
+class Uncounted final : public Dictionary {
+ public:
+    bool Lookup(std::string_view key) const override { return key == "BCustNumber"; }
+    Value Get(std::string_view) const override { return "01.001"; }
+    void Put(std::string_view, Value) override {}
+    void Remove(std::string_view) override {}
+    std::size_t Count() const override { Raise(Automation::NoSuchMember); }
+    std::string KeyAt(std::size_t) const override { Raise(Automation::NoSuchMember); }
+};
+
+TEST_F(SchemeFrameTest, AFilterThatCannotBeCountedIsConfirmedByThePanel) {
+    dialog.autoFilter = -2;
+    dialog.frame.LoadScheme(MakeRef<Uncounted>());
+    EXPECT_FALSE(dialog.frame.BeginShow());
+    EXPECT_EQ(Shown(form.result), R"({BCustNumber: "01.001", BDeptNumber: "", NotShowBalZero: int16(0)})");
 }
 
 TEST_F(SchemeFrameTest, ADrillDownShowsNoMessageAboutTheStore) {
@@ -221,7 +170,7 @@ TEST_F(SchemeFrameTest, ADrillDownShowsNoMessageAboutTheStore) {
     troubled.autoFilter = -2;
     troubled.frame.LoadScheme(Filter());
     EXPECT_FALSE(troubled.frame.BeginShow());
-    EXPECT_THAT(platform.screen.boxes, IsEmpty());
+    EXPECT_THAT(platform.windows().boxes, IsEmpty());
 }
 
 // The two panels.
@@ -332,104 +281,6 @@ TEST_F(SchemeFrameTest, AnotherProcessesSchemesStandInTheListOfTheNextShow) {
     EXPECT_THAT(dialog.frame.SchemeNames(), IsEmpty());
     dialog.frame.BeginShow();
     EXPECT_THAT(dialog.frame.SchemeNames(), ElementsAre("甲"));
-}
-
-// The pickers.
-
-class ItemForm : public Form {
- public:
-    explicit ItemForm(WindowSystem& windows) : Form(windows, "frmFilter10502", {1000, 1000}) {}
-    TextBox box{*this, "txtItem(0)", "01", {}};
-    Button button{*this, "cmdItem(0)", "", {}};
-    DropDown cmbDateType{*this, "cmbDateType", {}};
-    DatePicker BEGDate{*this, "BEGDate", test::Day(2020, 5, 5), {}};
-    DatePicker ENDDate{*this, "ENDDate", test::Day(2020, 5, 6), {}};
-};
-
-class PickItem : public SchemeFrameTest {
- protected:
-    void Pick() { dialog.frame.PickItem(items->button, items->box); }
-    Ref<ItemForm> items = MakeRef<ItemForm>(platform.screen);
-    test::Picker& picker = *platform.picker;
-};
-
-TEST_F(PickItem, AsksThePickerOfTheFormsClass) {
-    form.itemClass = 14;
-    picker.answer = test::Chosen("01.002");
-    Pick();
-    EXPECT_THAT(form.events, ElementsAre("class of cmdItem(0)"));
-    EXPECT_THAT(platform.created, ElementsAre("QOREBCGLView.GLView"));
-    ASSERT_EQ(picker.calls.size(), 1u);
-    const std::vector<Value>& call = picker.calls[0];
-    ASSERT_EQ(call.size(), 4u);
-    EXPECT_TRUE(picker.allByReference);
-    EXPECT_EQ(call[0], Value(std::int32_t{14}));
-    EXPECT_EQ(call[1], Value("01"));
-    EXPECT_EQ(call[2], Value(""));
-    EXPECT_EQ(Written(*As<Dictionary>(call[3])), "GetDataType=1:Integer Search=01");
-    EXPECT_EQ(items->box.text(), "01.002");
-}
-
-TEST_F(PickItem, MakesItsComponentOnce) {
-    form.itemClass = 1;
-    Pick();
-    Pick();
-    EXPECT_EQ(platform.created.size(), 1u);
-    EXPECT_EQ(picker.calls.size(), 2u);
-}
-
-TEST_F(PickItem, AnIndexWithoutAClassOpensNothing) {
-    Pick();
-    EXPECT_THAT(platform.created, IsEmpty());
-    EXPECT_THAT(platform.screen.boxes, IsEmpty());
-}
-
-TEST_F(PickItem, WithoutAChoiceTheBoxKeepsItsText) {
-    form.itemClass = 1;
-    for (const Value& answer :
-         {Value(), Value::Nothing(), Value(MakeRef<test::Readable>("ReturnObject", Value::Nothing()))}) {
-        picker.answer = answer;
-        Pick();
-        EXPECT_EQ(items->box.text(), "01");
-    }
-    EXPECT_THAT(platform.screen.boxes, IsEmpty());
-}
-
-TEST_F(PickItem, AFailureNamesTheLikelyCause) {
-    form.itemClass = 1;
-    picker.fails = true;
-    Pick();
-    ASSERT_EQ(platform.screen.boxes.size(), 1u);
-    EXPECT_EQ(platform.screen.boxes[0].text, "基础资料可能没有授权！");
-    EXPECT_EQ(platform.screen.boxes[0].title, "信息提示");
-    EXPECT_EQ(platform.screen.boxes[0].style, 64);
-    EXPECT_EQ(items->box.text(), "01");
-
-    picker.fails = false;
-    picker.answer = test::Chosen(std::int32_t{7});
-    Pick();
-    EXPECT_EQ(items->box.text(), "7");
-}
-
-TEST_F(PickItem, AMissingComponentIsTriedAgainTheNextTime) {
-    form.itemClass = 1;
-    const Ref<test::Picker> kept = std::exchange(platform.picker, {});
-    Pick();
-    EXPECT_EQ(platform.screen.boxes.size(), 1u);
-    platform.picker = kept;
-    kept->answer = test::Chosen("01.003");
-    Pick();
-    EXPECT_EQ(items->box.text(), "01.003");
-}
-
-TEST_F(PickItem, TheListOfPeriodsReckonsFromTheClocksDay) {
-    items->Load();
-    dialog.frame.AttachDateTypes(items->cmbDateType, items->BEGDate, items->ENDDate,
-                                 [] { return test::Day(2020, 8, 1); });
-    items->cmbDateType.SetListIndex(static_cast<int>(DateType::Today));
-    EXPECT_EQ(items->BEGDate.value(), test::Day(2020, 9, 15));
-    items->cmbDateType.SetListIndex(static_cast<int>(DateType::ThisPeriod));
-    EXPECT_EQ(items->ENDDate.value(), test::Day(2020, 8, 31));
 }
 
 }  // namespace
