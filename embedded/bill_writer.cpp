@@ -4,17 +4,11 @@ namespace qor {
 
 namespace {
 
-void BindIf(Statement& statement, int index, std::int64_t number) {
-    if (number != 0) {
-        statement.Bind(index, number);
-    } else {
-        statement.Bind(index, nullptr);
-    }
-}
-
-void BindIf(Statement& statement, int index, const std::string& text) {
-    if (!text.empty()) {
-        statement.Bind(index, text);
+/// Null for what a bill does not have: a number of 0 and an empty text.
+template <class T>
+void BindIf(Statement& statement, int index, const T& value) {
+    if (value != T{}) {
+        statement.Bind(index, value);
     } else {
         statement.Bind(index, nullptr);
     }
