@@ -42,8 +42,9 @@ OrderedJson DoubleToJson(double number) {
 OrderedJson DateToJson(Date date) {
     std::string text;
     Date back;
-    const bool isReadable =
-        std::isfinite(date.serial) && IgnoringErrors([&] { back = ToDate(text = ToText(date)); });
+    constexpr double kBeyondTheCalendar = 3e6;
+    const bool isReadable = std::abs(date.serial) < kBeyondTheCalendar &&
+                            IgnoringErrors([&] { back = ToDate(text = ToText(date)); });
     return isReadable && back == date ? Tagged("$date", text) : Tagged("$serial", NumberToJson(date.serial));
 }
 

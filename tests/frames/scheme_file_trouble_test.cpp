@@ -37,10 +37,13 @@ TEST_F(SchemeFileTrouble, AKilledWriterLeavesEverySchemeThatItReported) {
         ASSERT_EQ(::pipe(reported), 0);
         const pid_t writer = ::fork();
         if (writer == 0) {
-            for (int number = 0;; ++number) {
-                store.Save(10522, Numbered(number), kScheme);
-                if (::write(reported[1], "x", 1) != 1) ::_exit(1);
-            }
+            IgnoringErrors([&] {
+                for (int number = 0;; ++number) {
+                    store.Save(10522, Numbered(number), kScheme);
+                    if (::write(reported[1], "x", 1) != 1) ::_exit(1);
+                }
+            });
+            ::_exit(1);
         }
         ::close(reported[1]);
         std::size_t saved = 0;

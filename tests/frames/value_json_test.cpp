@@ -39,6 +39,7 @@ const Value kValues[] = {
     Date{44075.123456789},
     Date{0.5},
     Date{-1.25},
+    Date{1e300},
     "",
     " ",
     "客户：“甲”｜全角；",
