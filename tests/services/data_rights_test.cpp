@@ -254,8 +254,8 @@ TEST(NewRightItem, HoldsThreeTexts) {
 
 TEST(NewUserFieldSpec, HoldsWhatItIsGivenInOrder) {
     TestProcess test;
-    const Value spec = test.process.dataRights.NewUserFieldSpec(true, "FBillNo", "", "");
-    EXPECT_EQ(test::Shown(spec),
+    const Value fields = test.process.dataRights.NewUserFieldSpec(true, "FBillNo", "", "");
+    EXPECT_EQ(test::Shown(fields),
               R"({hasVect: True, prefixValue: "FBillNo", classType: "", DisplayFields: ""})");
 }
 
