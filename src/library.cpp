@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "reports/arap/detail.h"
+#include "reports/arap/income_expense_detail.h"
+#include "reports/arap/summary.h"
 #include "reports/income/category_detail.h"
 #include "reports/income/category_summary.h"
 #include "reports/income/settlement_list.h"
@@ -17,11 +20,26 @@ constexpr std::string_view kPrefix = "QORArApRpt.";
 }  // namespace
 
 std::span<const ReportEntry> Reports() {
+    // clang-format off
     static const ReportEntry kReports[] = {
-        {kRpt10507, MakeRpt10507}, {kRpt10508, MakeRpt10508}, {kRpt10521, MakeRpt10521},
-        {kRpt10522, MakeRpt10522}, {kRpt10523, MakeRpt10523}, {kRpt10524, MakeRpt10524},
-        {kRpt10525, MakeRpt10525}, {kRpt10526, MakeRpt10526}, {kRpt10527, MakeRpt10527},
+        {kRpt10501, MakeRpt10501},
+        {kRpt10502, MakeRpt10502},
+        {kRpt10503, MakeRpt10503},
+        {kRpt10504, MakeRpt10504},
+        {kRpt10505, MakeRpt10505},
+        {kRpt10507, MakeRpt10507},
+        {kRpt10508, MakeRpt10508},
+        {kRpt10521, MakeRpt10521},
+        {kRpt10522, MakeRpt10522},
+        {kRpt10523, MakeRpt10523},
+        {kRpt10524, MakeRpt10524},
+        {kRpt10525, MakeRpt10525},
+        {kRpt10526, MakeRpt10526},
+        {kRpt10527, MakeRpt10527},
+        {kRpt10531, MakeRpt10531},
+        {kRpt10532, MakeRpt10532},
     };
+    // clang-format on
     return kReports;
 }
 

@@ -31,6 +31,15 @@ inline constexpr BoundColumns kBoundColumns{};
 inline constexpr std::int32_t kRowHeight = 390;
 inline constexpr std::int32_t kBoxHeight = 300;
 
+/// How many rows a table of boxes takes.
+constexpr std::int32_t RowsOf(std::span<const ItemBox> boxes) {
+    std::int32_t rows = 0;
+    for (const ItemBox& box : boxes) {
+        rows += box.highBound ? 0 : 1;
+    }
+    return rows;
+}
+
 class ItemBoxes {
  public:
     /// `firstIndex` is the array index of the first box; `top` is the first row's.
@@ -38,10 +47,11 @@ class ItemBoxes {
               std::size_t firstIndex = 0);
 
     std::size_t size() const { return boxes_.size(); }
+    std::size_t firstIndex() const { return firstIndex_; }
     std::size_t rows() const { return rows_; }
-    TextBox& txtItem(std::size_t index) { return *boxes_.at(index - firstIndex_); }
+    TextBox& txtItem(std::size_t index) const { return *boxes_.at(index - firstIndex_); }
     /// Null for a box without a picker.
-    Button* cmdItem(std::size_t index) { return buttons_.at(index - firstIndex_).get(); }
+    Button* cmdItem(std::size_t index) const { return buttons_.at(index - firstIndex_).get(); }
     const ItemBox& row(std::size_t index) const { return table_[index - firstIndex_]; }
 
  private:

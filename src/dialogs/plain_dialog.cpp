@@ -13,11 +13,7 @@ constexpr std::int32_t kEnter = 13, kApostrophe = 39, kF7 = 118, kF8 = 119;
 constexpr std::int32_t kFormWidth = 6540;
 
 Bounds ItemFrame(std::span<const ItemBox> items) {
-    std::int32_t rows = 0;
-    for (const ItemBox& item : items) {
-        rows += item.highBound ? 0 : 1;
-    }
-    return {120, 1380, 6300, 285 + rows * kRowHeight};
+    return {120, 1380, 6300, 285 + RowsOf(items) * kRowHeight};
 }
 
 }  // namespace
