@@ -1,0 +1,53 @@
+#include "viewer/command_play.h"
+
+#include <CLI/CLI.hpp>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+
+#include "viewer/conversation.h"
+#include "viewer/player.h"
+
+namespace qor::viewer {
+
+namespace {
+
+constexpr int kRefused = 2;
+
+std::string ReadAll(std::istream& in) { return {std::istreambuf_iterator<char>(in), {}}; }
+
+std::string ReadText(const std::string& file, std::istream& standardInput) {
+    if (file == "-") return ReadAll(standardInput);
+    std::ifstream in(file, std::ios::binary);
+    std::string text = ReadAll(in);
+    if (!in || in.bad()) throw Mistake("", "cannot be read");
+    return text;
+}
+
+}  // namespace
+
+int PlayConversation(const std::string& file, std::istream& in, std::ostream& out, std::ostream& errors) {
+    try {
+        const Json conversation = ReadConversation(ReadText(file, in));
+        // What is wrong with a dialog's controls shows only when it opens, and a refused file leaves no
+        // transcript: it is written when the conversation has ended.
+        Transcript transcript;
+        Player(conversation, transcript).Play();
+        transcript.Write(out);
+        return 0;
+    } catch (const Mistake& mistake) {
+        errors << file << ": " << (mistake.place().empty() ? "" : mistake.place() + ": ") << mistake.what()
+               << '\n';
+        return kRefused;
+    }
+}
+
+void AddPlayCommand(CLI::App& program, int& status) {
+    CLI::App* command =
+        program.add_subcommand("play", "Play a host's conversation with a report from a file");
+    const auto file = std::make_shared<std::string>();
+    command->add_option("FILE", *file, "The conversation, a JSON file; - reads standard input")->required();
+    command->callback([file, &status] { status = PlayConversation(*file, std::cin, std::cout, std::cerr); });
+}
+
+}  // namespace qor::viewer

@@ -1,0 +1,47 @@
+// qorview: the host for people and scripts. Each command stands in its own file.
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iostream>
+
+#include "viewer/command_play.h"
+
+namespace {
+
+constexpr int kWrongArguments = 2;
+
+/// One line that says what was expected.
+void TellMistake(const CLI::App& program, const CLI::ParseError& mistake) {
+    std::string message = mistake.what();
+    std::ranges::replace(message, '\n', ' ');
+    std::string command = program.get_name();
+    for (const CLI::App* chosen : program.get_subcommands()) {
+        command += " " + chosen->get_name();
+    }
+    std::cerr << command << ": " << message << " (see " << command << " --help)\n";
+}
+
+int Run(int count, char** arguments) {
+    CLI::App program("Runs the receivable, payable and cash reports", "qorview");
+    program.require_subcommand(1);
+    int status = 0;
+    qor::viewer::AddPlayCommand(program, status);
+    try {
+        program.parse(count, arguments);
+    } catch (const CLI::ParseError& mistake) {
+        if (mistake.get_exit_code() == 0) return program.exit(mistake);  // --help
+        TellMistake(program, mistake);
+        return kWrongArguments;
+    }
+    return status;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    try {
+        return Run(count, arguments);
+    } catch (const std::exception& error) {
+        std::cerr << "qorview: " << error.what() << '\n';
+        return 1;
+    }
+}

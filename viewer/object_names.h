@@ -1,0 +1,38 @@
+// ObjectNames: the objects that a conversation keeps, by the names of its `as`.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/object.h"
+#include "viewer/mistake.h"
+
+namespace qor::viewer {
+
+/// Finds what a `$ref` names. Raises a Mistake where a file cannot name it there.
+class References {
+ public:
+    virtual Value Resolve(const std::string& name, const Place& place) const = 0;
+
+ protected:
+    ~References() = default;
+};
+
+class ObjectNames final : public References {
+ public:
+    /// A name that stands already takes the new value.
+    void Keep(std::string_view name, Value value);
+    void Drop(std::string_view name);
+    /// The kept value; no object where a failed step has left the name empty.
+    Value Find(std::string_view name) const;
+    Value Resolve(const std::string& name, const Place&) const override { return Find(name); }
+    /// The object's first name, "" for an object without one.
+    std::string_view NameOf(const Object& object) const;
+
+ private:
+    std::vector<std::pair<std::string, Value>> kept_;
+};
+
+}  // namespace qor::viewer
