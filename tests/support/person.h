@@ -54,6 +54,7 @@ class Person {
     std::string FocusedControl() const { return form_.focus() ? form_.focus()->name() : ""; }
     Control& Any(std::string_view control) { return ControlOf<Control>(form_, control); }
 
+    SchemeFrame& schemeFrame() { return *dynamic_cast<FrameOwner&>(form_).schemeFrame(); }
     PlainFrame& frame() { return *dynamic_cast<FrameOwner&>(form_).plainFrame(); }
     Form& form() { return form_; }
 
@@ -61,6 +62,9 @@ class Person {
     Form& form_;
     User user_;
 };
+
+/// Has the person confirm the next scheme dialog as it comes up.
+inline void ConfirmScheme(Form& dialog) { Person(dialog).schemeFrame().Confirm(); }
 
 /// Has the person confirm the next dialog as it comes up.
 inline void Confirm(Form& dialog) { Person(dialog).Click("cmdOK"); }
