@@ -197,6 +197,8 @@ std::string ToText(const Value& value) {
     Raise(Automation::TypeMismatch);
 }
 
+std::string JoinedText(const Value& value) { return value.IsNull() ? std::string() : ToText(value); }
+
 bool IsNumeric(const Value& value) {
     switch (value.type()) {
         case Value::Type::Null:

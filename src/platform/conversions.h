@@ -28,6 +28,9 @@ Date ToDate(const Value& value);
 /// "YYYY-MM-DD", followed by " hh:mm:ss" where it has a time of day.
 std::string ToText(const Value& value);
 
+/// The value as it is joined to a text: like ToText, but Null adds nothing.
+std::string JoinedText(const Value& value);
+
 /// The number at the head of a text, 0 if it has none. Blanks inside are skipped, so "1 2" is 12; no error.
 double Val(std::string_view text);
 

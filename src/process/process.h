@@ -38,6 +38,7 @@ class Process {
 
     Ref<Vector> currentColumnList;             // the list that AddHeader fills; nothing between fillings
     std::unique_ptr<Resident> dateRangeGuard;  // made at the first attachment
+    bool ageingLongNumber = false;             // of the ageing analysis made last; nobody reads it
 };
 
 }  // namespace qor

@@ -77,9 +77,6 @@ std::string StrippedText(const Value& value) {
     return text;
 }
 
-/// A value inside a caption: Null adds nothing.
-std::string Inserted(const Value& value) { return value.IsNull() ? "" : ToText(value); }
-
 class Captions {
  public:
     Captions(Process& process, Dictionary& filter, std::int32_t appType)
@@ -133,7 +130,8 @@ class Captions {
         if (StrippedText(begin).empty() && StrippedText(end).empty()) {
             caption = label + "[全部]";
         } else {
-            IgnoringErrors([&] { caption = label + "从[" + Inserted(begin) + "]到[" + Inserted(end) + "]"; });
+            IgnoringErrors(
+                [&] { caption = label + "从[" + JoinedText(begin) + "]到[" + JoinedText(end) + "]"; });
         }
         AddRow(caption);
     }
@@ -168,8 +166,8 @@ class Captions {
         IgnoringErrors([&] { multiLevel = ToBoolean(filter_.GetOr("MultiLevel", "")); });
         std::string caption = "汇总依据[" + std::string(name);
         if (multiLevel) {
-            caption += "(" + Inserted(filter_.GetOr("MultiLevelBegin", "1")) + "-" +
-                       Inserted(filter_.GetOr("MultiLevelEnd", "1")) + "级)";
+            caption += "(" + JoinedText(filter_.GetOr("MultiLevelBegin", "1")) + "-" +
+                       JoinedText(filter_.GetOr("MultiLevelEnd", "1")) + "级)";
         }
         AddRow(caption + "]");
     }

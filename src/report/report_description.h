@@ -63,6 +63,7 @@ struct ReportDescription {
 
     std::string_view dataComponent = "QORMArApRpt.Data";
     std::string_view dataMember{};
+    bool releasesComponentLast = false;  // of a failed fetch: when the progress window has closed
 };
 
 }  // namespace qor

@@ -11,7 +11,7 @@ void Report::FetchData(bool withProgress) {
         if (withProgress) m_ProgBar->Unload();
         SetOutcome(true, "");
     } catch (const Error& error) {
-        component = {};
+        if (!description_.releasesComponentLast) component = {};
         TakeFetchError(error);
         if (withProgress) m_ProgBar->Unload();
     }

@@ -13,8 +13,7 @@ constexpr std::int32_t kShowDialog = -1;
 
 /// A filter's value as it is joined into a text; "" for Null and where there is no filter.
 std::string TitleText(const Dictionary* filter, std::string_view key) {
-    const Value value = filter ? filter->Get(key) : Value();
-    return value.IsNull() ? std::string() : ToText(value);
+    return filter ? JoinedText(filter->Get(key)) : std::string();
 }
 
 }  // namespace

@@ -7,11 +7,14 @@
 
 #include "platform/headless.h"
 #include "platform/user.h"
+#include "support/grid_text.h"
 #include "support/raises.h"
 
 namespace qor {
 namespace {
 
+using test::ColumnText;
+using test::LockText;
 using test::RaisedBy;
 
 /// A form with a grid of three columns and a box to go to.
@@ -24,22 +27,6 @@ class Sheet final : public Form {
 
 class GridTest : public testing::Test {
  protected:
-    /// The cells of a column, a bar between them.
-    std::string Column(std::int32_t column) const {
-        std::string all;
-        for (std::int32_t row = 1; row <= grid.MaxRows(); ++row) {
-            all += (row == 1 ? "" : "|") + grid.GetText(column, row);
-        }
-        return all;
-    }
-    /// One letter a row: L for a locked cell.
-    std::string Locks(std::int32_t column) const {
-        std::string all;
-        for (std::int32_t row = 1; row <= grid.MaxRows(); ++row) {
-            all += grid.IsLocked(column, row) ? 'L' : '.';
-        }
-        return all;
-    }
     void Fill(std::int32_t column, const std::vector<std::string>& texts) {
         for (std::size_t i = 0; i < texts.size(); ++i) {
             grid.SetText(column, static_cast<std::int32_t>(i) + 1, texts[i]);
@@ -56,8 +43,8 @@ TEST_F(GridTest, StartsEmptyAndUnlockedInItsFirstRow) {
     EXPECT_EQ(grid.MaxCols(), 3);
     EXPECT_EQ(grid.MaxRows(), 3);
     EXPECT_EQ(grid.ActiveRow(), 1);
-    EXPECT_EQ(Column(2), "||");
-    EXPECT_EQ(Locks(2), "...");
+    EXPECT_EQ(ColumnText(grid, 2), "||");
+    EXPECT_EQ(LockText(grid, 2), "...");
 }
 
 TEST_F(GridTest, CellsOutsideTheGridAreEmptyTakeNothingAndAreLocked) {
@@ -71,20 +58,20 @@ TEST_F(GridTest, CellsOutsideTheGridAreEmptyTakeNothingAndAreLocked) {
         EXPECT_TRUE(grid.IsLocked(column, row)) << column << ", " << row;
     }
     for (std::int32_t column = 1; column <= 3; ++column) {
-        EXPECT_EQ(Column(column), "||");
+        EXPECT_EQ(ColumnText(grid, column), "||");
     }
 }
 
 TEST_F(GridTest, MoreRowsComeEmptyAndFewerCutOff) {
     Fill(1, {"a", "b", "c"});
     grid.SetMaxRows(4);
-    EXPECT_EQ(Column(1), "a|b|c|");
+    EXPECT_EQ(ColumnText(grid, 1), "a|b|c|");
     grid.SetActiveRow(4);
     grid.SetMaxRows(2);
-    EXPECT_EQ(Column(1), "a|b");
+    EXPECT_EQ(ColumnText(grid, 1), "a|b");
     EXPECT_EQ(grid.ActiveRow(), 2);
     grid.SetMaxRows(3);
-    EXPECT_EQ(Column(1), "a|b|");
+    EXPECT_EQ(ColumnText(grid, 1), "a|b|");
     EXPECT_EQ(RaisedBy([&] { grid.SetMaxRows(-1); }), Automation::InvalidCall);
 }
 
@@ -111,8 +98,8 @@ TEST_F(GridTest, DeletedRowsLetTheRowsBelowMoveUpWithTheirLocks) {
         grid.SetLock({1, 3, 1, 3}, true);
         grid.SetActiveRow(3);
         grid.DeleteRows(c.row, c.count);
-        EXPECT_EQ(Column(1), c.texts) << c.row << " " << c.count;
-        EXPECT_EQ(Locks(1), c.locks) << c.row << " " << c.count;
+        EXPECT_EQ(ColumnText(grid, 1), c.texts) << c.row << " " << c.count;
+        EXPECT_EQ(LockText(grid, 1), c.locks) << c.row << " " << c.count;
         EXPECT_EQ(grid.ActiveRow(), c.active) << c.row << " " << c.count;
     }
 }
@@ -122,26 +109,26 @@ TEST_F(GridTest, ABlockIsClearedWithItsLocksLeftAlone) {
     Fill(2, {"d", "e", "f"});
     grid.SetLock({1, 1, 1, 3}, true);
     grid.ClearRange({1, 2, 3, 9});
-    EXPECT_EQ(Column(1), "a||");
-    EXPECT_EQ(Column(2), "d||");
-    EXPECT_EQ(Locks(1), "LLL");
+    EXPECT_EQ(ColumnText(grid, 1), "a||");
+    EXPECT_EQ(ColumnText(grid, 2), "d||");
+    EXPECT_EQ(LockText(grid, 1), "LLL");
 }
 
 TEST_F(GridTest, ALockToTheLastRowHoldsForRowsToCome) {
     grid.SetLock({1, 1, 1, -1}, true);
     grid.SetLock({2, 2, 2, grid.MaxRows()}, true);
     grid.SetMaxRows(4);
-    EXPECT_EQ(Locks(1), "LLLL");
-    EXPECT_EQ(Locks(2), ".LL.");
+    EXPECT_EQ(LockText(grid, 1), "LLLL");
+    EXPECT_EQ(LockText(grid, 2), ".LL.");
     grid.SetLock({1, 1, 1, -1}, false);
     grid.SetMaxRows(5);
-    EXPECT_EQ(Locks(1), ".....");
+    EXPECT_EQ(LockText(grid, 1), ".....");
 }
 
 TEST_F(GridTest, ALockOfRowsBeyondTheEndLocksNothing) {
     grid.SetLock({2, 4, 2, grid.MaxRows()}, true);
     grid.SetMaxRows(4);
-    EXPECT_EQ(Locks(2), "....");
+    EXPECT_EQ(LockText(grid, 2), "....");
 }
 
 TEST_F(GridTest, TheUserCannotEditWhatIsLockedHiddenOrOutside) {
@@ -151,7 +138,7 @@ TEST_F(GridTest, TheUserCannotEditWhatIsLockedHiddenOrOutside) {
     EXPECT_FALSE(user.Cell(grid, 1, 3, "x"));
     EXPECT_FALSE(user.Cell(grid, 4, 2, "x"));
     EXPECT_TRUE(user.Cell(grid, 2, 2, "x"));
-    EXPECT_EQ(Column(1) + Column(2) + Column(3), "|||x|||");
+    EXPECT_EQ(ColumnText(grid, 1) + ColumnText(grid, 2) + ColumnText(grid, 3), "|||x|||");
     EXPECT_EQ(grid.ActiveRow(), 2);
 }
 
@@ -194,7 +181,7 @@ TEST_F(GridTest, AHiddenOrDisabledGridLosesTheAction) {
     grid.SetEnabled(true);
     grid.SetVisible(false);
     EXPECT_FALSE(user.Row(grid, 2));
-    EXPECT_EQ(Column(2), "||");
+    EXPECT_EQ(ColumnText(grid, 2), "||");
     EXPECT_EQ(grid.ActiveRow(), 1);
 }
 
