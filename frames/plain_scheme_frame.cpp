@@ -1,6 +1,7 @@
 #include "frames/plain_scheme_frame.h"
 
 #include "frames/scheme_text.h"
+#include "platform/conversions.h"
 
 namespace qor {
 
@@ -56,6 +57,15 @@ Ref<Dictionary> PlainSchemeFrame::CurrentConditions() {
 void PlainSchemeFrame::Show(const SavedScheme& scheme) {
     form_.OnPlainLoad(MakeSchemeText(scheme));
     form_.OnPlainNotify(shelf_.current());
+}
+
+void PlainSchemeFrame::ShowScheme(const Dictionary& conditions) {
+    std::string scheme;
+    for (std::size_t i = 0; i < conditions.Count(); ++i) {
+        const std::string key = conditions.KeyAt(i);
+        PutIntoSchemeText(scheme, key, ToText(conditions.Get(key)));
+    }
+    form_.OnPlainLoad(scheme);
 }
 
 void PlainSchemeFrame::SaveScheme(std::string_view name) {

@@ -33,6 +33,7 @@ class PlainSchemeFrame final : public PlainFrame {
     void ShowDefaults() override;
     std::vector<std::string> SchemeNames() const override { return shelf_.names(); }
     std::string CurrentSchemeName() const override { return shelf_.current(); }
+    void ShowScheme(const Dictionary& conditions) override;
 
     bool SchemeOption(std::int16_t index) const;
     /// The name under which the form introduced itself.

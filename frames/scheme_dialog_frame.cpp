@@ -40,9 +40,7 @@ bool SchemeDialogFrame::BeginShow() {
         shelf_.Refresh();
         return true;
     }
-    currentScheme_ = CopyOfHanded();
-    if (!currentScheme_) currentScheme_ = GatherScheme();
-    TellClosing(false);
+    Confirm();
     return false;
 }
 
@@ -63,19 +61,10 @@ void SchemeDialogFrame::GatherInto(Dictionary& scheme) {
     if (!whole_) form_.OnCommonToScheme(scheme);
 }
 
-Ref<Dictionary> SchemeDialogFrame::GatherScheme() {
+Ref<Dictionary> SchemeDialogFrame::SchemeOnScreen() {
     Ref<Dictionary> scheme = platform_.NewDictionary();
     GatherInto(*scheme);
     return scheme;
-}
-
-Ref<Dictionary> SchemeDialogFrame::CopyOfHanded() {
-    if (!handed_) return {};
-    Ref<Dictionary> copy = platform_.NewDictionary();
-    // A host's own dictionary may have no way to tell its keys; then the panel, filled from it, speaks for
-    // it.
-    const bool copied = IgnoringErrors([&] { FillFrom(FromDictionary(*handed_), *copy); });
-    return copied ? copy : Ref<Dictionary>();
 }
 
 void SchemeDialogFrame::CarryToCommon() {
@@ -93,8 +82,7 @@ void SchemeDialogFrame::CarryToWhole() {
 void SchemeDialogFrame::ShowSaved(const SavedScheme& scheme) {
     const auto dictionary = MakeRef<OrderedDictionary>();
     FillFrom(scheme, *dictionary);
-    form_.OnSchemeToPanel(*dictionary);
-    if (!whole_) CarryToCommon();
+    ShowScheme(*dictionary);
 }
 
 void SchemeDialogFrame::TellClosing(bool isCancelled) {
@@ -103,8 +91,7 @@ void SchemeDialogFrame::TellClosing(bool isCancelled) {
 }
 
 void SchemeDialogFrame::Confirm() {
-    currentScheme_ = GatherScheme();
-    handed_ = {};
+    currentScheme_ = SchemeOnScreen();
     TellClosing(false);
     form_.CloseDialog();
 }
@@ -126,7 +113,6 @@ void SchemeDialogFrame::ShowDefaults() {
     form_.OnSchemeDefaults();
     if (!whole_) CarryToCommon();
     shelf_.ForgetCurrent();
-    handed_ = {};
 }
 
 void SchemeDialogFrame::SaveScheme(std::string_view name) {
@@ -135,9 +121,11 @@ void SchemeDialogFrame::SaveScheme(std::string_view name) {
     shelf_.Save(name, FromDictionary(*scheme));
 }
 
-void SchemeDialogFrame::LoadSavedScheme(std::string_view name) {
-    ShowSaved(shelf_.Load(name));
-    handed_ = {};
+void SchemeDialogFrame::LoadSavedScheme(std::string_view name) { ShowSaved(shelf_.Load(name)); }
+
+void SchemeDialogFrame::ShowScheme(Dictionary& scheme) {
+    form_.OnSchemeToPanel(scheme);
+    if (!whole_) CarryToCommon();
 }
 
 void SchemeDialogFrame::PickItem(Control& button, TextBox& box) {

@@ -21,10 +21,8 @@ class SchemeDialogFrame final : public SchemeFrame {
     void AttachDateTypes(DropDown& types, DatePicker& begin, DatePicker& end,
                          std::function<Date()> periodStart) override;
 
-    /// A dialog confirmed without being shown takes the handed scheme itself, in a new dictionary: a
-    /// drill-down's filter must reach the server key for key, without what the panel would add or turn. The
-    /// panel is filled from it all the same, for a later show. Once the user has confirmed, loaded a scheme
-    /// or asked for the defaults, the panel is what counts, as it is where nothing was handed.
+    /// A dialog that is not to be shown is filled with what it was handed and confirmed as a user would: its
+    /// filter holds the same keys, in the same order, as after any other confirmation.
     bool BeginShow() override;
 
     void Confirm() override;
@@ -40,11 +38,12 @@ class SchemeDialogFrame final : public SchemeFrame {
     std::string CurrentSchemeName() const override { return shelf_.current(); }
     void PickItem(Control& button, TextBox& box) override;
 
+    Ref<Dictionary> SchemeOnScreen() override;
+    void ShowScheme(Dictionary& scheme) override;
+
  private:
     void Start();
     void GatherInto(Dictionary& scheme);  // what is on the screen, whichever panel is up
-    Ref<Dictionary> GatherScheme();
-    Ref<Dictionary> CopyOfHanded();  // nothing where there is none
     void CarryToCommon();
     void CarryToWhole();
     void ShowSaved(const SavedScheme& scheme);
@@ -56,7 +55,7 @@ class SchemeDialogFrame final : public SchemeFrame {
     SchemeShelf shelf_;
     std::int32_t rptID_ = 0;
     const std::int32_t* autoFilter_ = nullptr;
-    Ref<Dictionary> handed_;  // for as long as it stands for what is on the panel
+    Ref<Dictionary> handed_;  // what the dialog begins with, where its report handed something over
     Ref<Dictionary> currentScheme_;
     Ref<Object> glView_;  // the picker's component, made at the first pick
     bool started_ = false;

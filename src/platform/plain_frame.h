@@ -50,6 +50,9 @@ class PlainFrame {
     virtual void ShowDefaults() = 0;
     virtual std::vector<std::string> SchemeNames() const = 0;
     virtual std::string CurrentSchemeName() const = 0;  // "" for the defaults
+
+    /// For programs that fill a dialog by its keys: loads the form from conditions of the caller's own.
+    virtual void ShowScheme(const Dictionary& conditions) = 0;
 };
 
 }  // namespace qor

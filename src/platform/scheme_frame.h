@@ -69,6 +69,12 @@ class SchemeFrame {
     /// The user pressed the picker button of `box`: asks the form for the class, opens the picker, and puts
     /// the number chosen into the box.
     virtual void PickItem(Control& button, TextBox& box) = 0;
+
+    // For programs that fill a dialog by its keys.
+    /// What is on the screen, whichever panel is up, in a new dictionary.
+    virtual Ref<Dictionary> SchemeOnScreen() = 0;
+    /// Fills the dialog from a scheme of the caller's own.
+    virtual void ShowScheme(Dictionary& scheme) = 0;
 };
 
 }  // namespace qor
