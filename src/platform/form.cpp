@@ -85,6 +85,25 @@ void Form::Unload() {
     if (view_) view_->Closed();
 }
 
+void Form::LeaveFocus(Control& left) {
+    // Also where a handler fails, the next move has to be a move again.
+    struct Moving {
+        explicit Moving(bool& flag) : moving(flag) { moving = true; }
+        ~Moving() { moving = false; }
+        bool& moving;
+    } const moving(movingFocus_);
+
+    const std::vector<FocusListener*> listeners = left.focusListeners();
+    if (left.onValidate) left.onValidate();
+    for (FocusListener* listener : listeners) {
+        listener->Validating(left);
+    }
+    if (left.onLostFocus) left.onLostFocus();
+    for (FocusListener* listener : listeners) {
+        listener->FocusLost(left);
+    }
+}
+
 bool Form::MoveFocus(Control& target) {
     if (movingFocus_) {
         redirected_ = &target;
@@ -92,20 +111,8 @@ bool Form::MoveFocus(Control& target) {
     }
     if (focus_ == &target) return true;
 
-    movingFocus_ = true;
     redirected_ = nullptr;
-    if (Control* left = focus_) {
-        const std::vector<FocusListener*> listeners = left->focusListeners();
-        if (left->onValidate) left->onValidate();
-        for (FocusListener* listener : listeners) {
-            listener->Validating(*left);
-        }
-        if (left->onLostFocus) left->onLostFocus();
-        for (FocusListener* listener : listeners) {
-            listener->FocusLost(*left);
-        }
-    }
-    movingFocus_ = false;
+    if (focus_) LeaveFocus(*focus_);
 
     Control* arrived = redirected_ ? redirected_ : &target;
     redirected_ = nullptr;

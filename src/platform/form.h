@@ -104,6 +104,7 @@ class Form : public TableObject {
     friend class Control;
     void Add(Control& control) { controls_.push_back(&control); }
     void Remove(Control& control);
+    void LeaveFocus(Control& left);
 
     WindowSystem& windows_;
     std::string name_;
