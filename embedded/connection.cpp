@@ -6,18 +6,11 @@
 #include <vector>
 
 #include "embedded/schema.h"
+#include "services/system_profile.h"
 
 namespace qor {
 
 namespace {
-
-constexpr std::string_view kStartPeriodBatch =
-    "Declare @Year int,@Period int \r\n"
-    "SELECT @Year=CONVERT(INT,FValue) FROM t_SystemProfile WHERE FCategory='IC' AND FKey='StartYear'\n"
-    "SELECT @Period = CONVERT(INT,FValue) FROM t_SystemProfile WHERE FCategory='IC' AND FKey='StartPeriod'\n"
-    "SELECT CONVERT(DATETIME,FStartDate)as FStartDate,CONVERT(DATETIME,FEndDate)as FEndDate FROM "
-    "t_PeriodDate \n"
-    "WHERE FYear=@Year AND FPeriod=@Period \n";
 
 constexpr std::string_view kStartPeriodHere =
     "SELECT FStartDate, FEndDate FROM t_PeriodDate WHERE"
@@ -37,7 +30,7 @@ std::string_view Stripped(std::string_view text) {
 
 /// The same statement as this database understands it.
 std::string_view Adapted(std::string_view statement) {
-    return Stripped(statement) == Stripped(kStartPeriodBatch) ? kStartPeriodHere : Stripped(statement);
+    return Stripped(statement) == Stripped(kStartPeriodStatement) ? kStartPeriodHere : Stripped(statement);
 }
 
 void CheckIsSelect(std::string_view statement) {
