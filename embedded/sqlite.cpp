@@ -28,12 +28,14 @@ void Database::Run(const std::string& statements) {
         FailWith(handle());
 }
 
-Statement::Statement(Database& database, std::string_view sql) {
+Statement::Statement(Database& database, std::string_view sql, std::string_view* rest) {
     sqlite3_stmt* prepared = nullptr;
+    const char* end = nullptr;
     const int answer =
-        sqlite3_prepare_v2(database.handle(), sql.data(), static_cast<int>(sql.size()), &prepared, nullptr);
+        sqlite3_prepare_v2(database.handle(), sql.data(), static_cast<int>(sql.size()), &prepared, &end);
     handle_.reset(prepared);
     if (answer != SQLITE_OK) FailWith(database.handle());
+    if (rest) *rest = sql.substr(static_cast<std::size_t>(end - sql.data()));
 }
 
 void Statement::Fail() const { FailWith(sqlite3_db_handle(handle())); }

@@ -42,7 +42,8 @@ class Database {
 /// A prepared statement. Bound texts are copied; columns count from 0, parameters from 1.
 class Statement {
  public:
-    Statement(Database& database, std::string_view sql);
+    /// Prepares the first statement of `sql`; `rest`, where given, takes what stands behind it.
+    Statement(Database& database, std::string_view sql, std::string_view* rest = nullptr);
 
     /// Starts anew with these values for the parameters, in their order; the parameters that are left out
     /// keep what they have.

@@ -10,14 +10,6 @@ namespace {
 constexpr std::string_view kConnection = "QORMAppConnection.AppConnection";
 constexpr std::string_view kExecute = "Execute";
 
-constexpr std::string_view kStartPeriodStatement =
-    "Declare @Year int,@Period int \r\n"
-    "SELECT @Year=CONVERT(INT,FValue) FROM t_SystemProfile WHERE FCategory='IC' AND FKey='StartYear'\n"
-    "SELECT @Period = CONVERT(INT,FValue) FROM t_SystemProfile WHERE FCategory='IC' AND FKey='StartPeriod'\n"
-    "SELECT CONVERT(DATETIME,FStartDate)as FStartDate,CONVERT(DATETIME,FEndDate)as FEndDate FROM "
-    "t_PeriodDate \n"
-    "WHERE FYear=@Year AND FPeriod=@Period \n";
-
 /// A field as "YYYY-MM-DD"; a text that is no date stays as it is.
 std::string DayInField(const RecordSet& rows, std::string_view field) {
     std::string text = ToText(rows.Field(field));

@@ -11,6 +11,15 @@
 
 namespace qor {
 
+/// The batch that asks the server for the start period's dates, as it is sent.
+inline constexpr std::string_view kStartPeriodStatement =
+    "Declare @Year int,@Period int \r\n"
+    "SELECT @Year=CONVERT(INT,FValue) FROM t_SystemProfile WHERE FCategory='IC' AND FKey='StartYear'\n"
+    "SELECT @Period = CONVERT(INT,FValue) FROM t_SystemProfile WHERE FCategory='IC' AND FKey='StartPeriod'\n"
+    "SELECT CONVERT(DATETIME,FStartDate)as FStartDate,CONVERT(DATETIME,FEndDate)as FEndDate FROM "
+    "t_PeriodDate \n"
+    "WHERE FYear=@Year AND FPeriod=@Period \n";
+
 class SystemProfile {
  public:
     SystemProfile(Platform& platform, Session& session) : platform_(platform), session_(session) {}

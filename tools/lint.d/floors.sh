@@ -12,7 +12,7 @@ dialogs   src/dialogs/    platform services process tables report
 reports   src/reports/    platform services process tables progress report dialogs
 library   src/library     platform services process tables progress report dialogs reports
 frames    frames/         platform services process
-embedded  embedded/       platform services process
+embedded  embedded/       platform services process frames
 viewer    viewer/         platform services process tables library frames embedded
 '
 

@@ -1,0 +1,100 @@
+#include "embedded/report_components.h"
+
+#include <algorithm>
+
+#include "embedded/connection.h"
+#include "embedded/income_expense_rows.h"
+
+namespace qor {
+
+namespace {
+
+using ReportFunction = Ref<RecordSet> (*)(AccountSet& set, const Dictionary& filter);
+
+/// Computes a report from the filter, the second argument. The filter stays what it was.
+template <ReportFunction Compute>
+Value Answer(Object& self, Arguments a) {
+    const Ref<Dictionary> filter = As<Dictionary>(*a[1]);
+    if (!filter) Raise(Automation::ObjectNotSet);
+    return Compute(ServerOf(self).accountSet, *filter);
+}
+
+template <std::size_t N>
+struct MemberName {
+    consteval MemberName(const char (&name)[N]) { std::copy_n(name, N, text); }
+    char text[N];
+};
+
+template <MemberName Name>
+Value NotAnswered(Object&, Arguments) {
+    RaiseAccountSetError(std::string("内置账套尚不能回答 ") + Name.text);
+}
+
+constexpr Parameter kProps{"PropsString", ParameterType::Text};
+constexpr Parameter kFilter{"Filter", ParameterType::Any, true};
+
+constexpr Member ReportMember(std::string_view name, Value (*invoke)(Object&, Arguments)) {
+    return {
+        .name = name, .invoke = invoke, .result = ParameterType::Object, .parameters = {{kProps, kFilter}}};
+}
+
+template <MemberName Name>
+constexpr Member Unanswered() {
+    return ReportMember({Name.text, sizeof(Name.text) - 1}, NotAnswered<Name>);
+}
+
+/// The statement of account hands two more record sets back.
+template <MemberName Name>
+constexpr Member UnansweredStatement() {
+    Member member = Unanswered<Name>();
+    member.parameters[2] = {"RowBreakRs", ParameterType::Any, true};
+    member.parameters[3] = {"MutilPageRs", ParameterType::Any, true};
+    return member;
+}
+
+constexpr Member kData[] = {
+    ReportMember("GetRpt10522Data", Answer<IncomeDetail>),
+    ReportMember("GetRpt10524Data", Answer<ExpenseDetail>),
+    {.name = "GetItemMaxLevel",
+     .invoke = [](Object& self, Arguments a) -> Value {
+         return ServerOf(self).accountSet.DeepestLevel(a[1]->int32());
+     },
+     .result = ParameterType::Int32,
+     .parameters = {{kProps, {"ItemClass", ParameterType::Int32}}}},
+    {.name = "GetData",
+     .invoke = [](Object& self, Arguments a) -> Value {
+         return ExecuteStatement(ServerOf(self).accountSet, a[1]->text());
+     },
+     .result = ParameterType::Object,
+     .parameters = {{kProps, {"Statement", ParameterType::Text, true}}}},
+    Unanswered<"GetRpt10501Data">(),
+    Unanswered<"GetRpt10501DataRollUp">(),
+    Unanswered<"GetRpt10502Data">(),
+    Unanswered<"GetRpt10503Data">(),
+    Unanswered<"GetRpt10504Data">(),
+    Unanswered<"GetRpt10505Data">(),
+    UnansweredStatement<"GetRpt10506DataByCust">(),
+    UnansweredStatement<"GetRpt10506DataBySupply">(),
+    Unanswered<"GetRpt10507Data">(),
+    Unanswered<"GetRpt10508Data">(),
+    Unanswered<"GetRpt10521Data">(),
+    Unanswered<"GetRpt10523Data">(),
+    Unanswered<"GetRpt10527Data">(),
+    Unanswered<"GetRpt10528Data">(),
+    Unanswered<"GetRpt10529Data">(),
+    Unanswered<"GetRpt10531Data">(),
+    Unanswered<"GetRpt10532Data">(),
+};
+
+constexpr Member kData10525[] = {Unanswered<"GetRptData">()};
+constexpr Member kData10526[] = {Unanswered<"GetRptData">()};
+constexpr Member kData10530[] = {Unanswered<"GetRpt10530Data">()};
+
+}  // namespace
+
+const std::span<const Member> kDataMembers = kData;
+const std::span<const Member> kData10525Members = kData10525;
+const std::span<const Member> kData10526Members = kData10526;
+const std::span<const Member> kData10530Members = kData10530;
+
+}  // namespace qor

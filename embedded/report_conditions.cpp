@@ -1,0 +1,87 @@
+#include "embedded/report_conditions.h"
+
+#include <cmath>
+
+#include "embedded/bill_kinds.h"
+#include "platform/conversions.h"
+
+namespace qor {
+
+void Conditions::Add(std::initializer_list<SqlText> pieces, std::vector<BoundValue> values) {
+    if (!text_.empty()) text_ += " AND ";
+    for (const SqlText& piece : pieces) {
+        text_ += piece.view();
+    }
+    for (BoundValue& value : values) {
+        values_.push_back(std::move(value));
+    }
+}
+
+void Conditions::BindTo(Statement& statement) const {
+    int index = 0;
+    for (const BoundValue& value : values_) {
+        ++index;
+        std::visit([&](const auto& bound) { statement.Bind(index, bound); }, value);
+    }
+}
+
+std::optional<Value> ReportFilter::Given(std::string_view key) const {
+    const Value value = filter_.Get(key);
+    const bool open = value.IsEmpty() || value.IsNull() || (value.IsText() && Trimmed(value.text()).empty());
+    return open ? std::nullopt : std::optional(value);
+}
+
+std::optional<std::int64_t> ReportFilter::Day(std::string_view key) const {
+    const auto value = Given(key);
+    if (!value) return std::nullopt;
+    if (!IsDate(*value)) RaiseAccountSetError("日期无效：" + ToText(*value));
+    return static_cast<std::int64_t>(std::floor(ToDate(*value).serial));
+}
+
+std::string ReportFilter::Code(std::string_view key) const {
+    const auto value = Given(key);
+    return value ? std::string(Trimmed(ToText(*value))) : "";
+}
+
+bool ReportFilter::Flag(std::string_view key) const {
+    const auto value = Given(key);
+    return value && ToBoolean(*value);
+}
+
+std::optional<std::int32_t> ReportFilter::Number(std::string_view key) const {
+    const auto value = Given(key);
+    return value ? std::optional(ToInt32(*value)) : std::nullopt;
+}
+
+void AddDayRange(Conditions& conditions, SqlText column, std::optional<std::int64_t> first,
+                 std::optional<std::int64_t> last) {
+    if (first) conditions.Add({column, ">=?"}, {*first});
+    if (last) conditions.Add({column, "<=?"}, {*last});
+}
+
+void AddCodeRange(Conditions& conditions, SqlText column, std::int32_t itemClass, const std::string& first,
+                  const std::string& last) {
+    if (first.empty() && last.empty()) return;
+    if (last.empty()) {
+        conditions.Add({column, " IN (SELECT FItemID FROM t_Item WHERE FItemClassID=? AND FNumber>=?)"},
+                       {itemClass, first});
+        return;
+    }
+    conditions.Add({column,
+                    " IN (SELECT FItemID FROM t_Item WHERE FItemClassID=? AND FNumber>=? AND"
+                    " (FNumber<=? OR substr(FNumber,1,length(?)+1)=?||'.' COLLATE NOCASE))"},
+                   {itemClass, first, last, last, last});
+}
+
+void AddCheckState(Conditions& conditions, SqlText column, std::optional<std::int32_t> checkState) {
+    constexpr std::int32_t kAll = 2;
+    const std::int32_t state = checkState.value_or(kAll);
+    if (state < 0 || state > kAll) RaiseAccountSetError("单据状态无效：" + std::to_string(state));
+    if (state == kAll) {
+        conditions.Add({column, "<>?"}, {static_cast<std::int64_t>(BillState::Void)});
+    } else {
+        conditions.Add({column, "=?"}, {std::int64_t{state}});
+    }
+}
+
+}  // namespace qor
