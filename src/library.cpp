@@ -9,6 +9,7 @@
 #include "reports/income/category_summary.h"
 #include "reports/income/settlement_list.h"
 #include "reports/other/ageing.h"
+#include "reports/other/cash.h"
 #include "reports/other/credit_warning.h"
 #include "reports/other/matching_balance.h"
 
@@ -37,6 +38,8 @@ std::span<const ReportEntry> Reports() {
         {kRpt10525, MakeRpt10525},
         {kRpt10526, MakeRpt10526},
         {kRpt10527, MakeRpt10527},
+        {kRpt10528, MakeRpt10528},
+        {kRpt10529, MakeRpt10529},
         {kRpt10530, MakeRpt10530},
         {kRpt10531, MakeRpt10531},
         {kRpt10532, MakeRpt10532},

@@ -85,7 +85,7 @@ void PlainDialog::FinishLayout(std::int32_t top) {
 }
 
 void PlainDialog::OnLoad() {
-    padText_ = std::string(50, ' ') + "|";
+    WritePadText();
     EarlyLoad();
     IgnoringErrors([this] { ResetResult(); });
     firstActivation_ = true;

@@ -72,6 +72,7 @@ class PlainDialog : public FilterDialog, public FrameOwner, protected PlainFrame
     virtual void Confirm();
     virtual void Cancel();
     virtual void CloseConfirmed() { Hide(); }
+    void WritePadText() { padText_ = std::string(50, ' ') + "|"; }
     void ResetResult();
     void SetCaptions();
     void SetSchemeOptions();
