@@ -79,6 +79,18 @@ class PlainDialogTest : public testing::Test {
         EXPECT_TRUE(opened);
     }
     void Filter(std::function<void(Person&)> person) { Filter("Rpt10522", std::move(person)); }
+    /// The same, and the run with what was confirmed.
+    void Run(std::string_view reportClass, std::function<void(Person&)> person) {
+        Filter(reportClass, std::move(person));
+        report->Call("GetReportData");
+    }
+    static void ConfirmAtOnce(Person& user) { user.Click("cmdOK"); }
+    /// What a step asks of the outside, apart from the session and the progress window's pumps.
+    Log ServerLogOf(const std::function<void()>& step) {
+        Log log = host.LogOf(step);
+        std::erase(log, "pump");
+        return log;
+    }
     void NoteFrames(bool failsAtOptions = false) {
         host.platform.makePlainFrame = [this, failsAtOptions](PlainFrameHost& form) {
             auto frame = std::make_unique<NotingFrame>(

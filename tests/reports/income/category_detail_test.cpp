@@ -3,19 +3,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/person.h"
+#include "dialogs/plain_dialog_fixture.h"
 
 namespace qor {
 namespace {
 
 using test::Columns;
-using test::Confirm;
-using test::ControlOf;
 using test::Entry;
 using test::Keys;
 using test::Log;
 using test::Person;
-using test::ReportHost;
 using test::Shown;
 using testing::Contains;
 using testing::ElementsAre;
@@ -92,25 +89,12 @@ const Twin kTwins[] = {
      R"("费用结算$" "" "6" "FSettleAmount" int16(1) False)"},
 };
 
-class CategoryDetail : public testing::TestWithParam<Twin> {
+class CategoryDetail : public test::PlainDialogTest, public testing::WithParamInterface<Twin> {
  protected:
-    void Run() {
-        report = host.Create(GetParam().reportClass);
-        report->Call("ShowFilter");
-        report->Call("GetReportData");
+    void Run() { PlainDialogTest::Run(GetParam().reportClass, ConfirmAtOnce); }
+    void Filter(std::function<void(Person&)> person) {
+        PlainDialogTest::Filter(GetParam().reportClass, std::move(person));
     }
-    /// Opens the dialog once and plays the person in it.
-    void Filter(const std::function<void(Person&)>& person) {
-        report = host.Create(GetParam().reportClass);
-        host.InDialog([&](Form& form) {
-            Person user(form);
-            person(user);
-        });
-        report->Call("ShowFilter");
-    }
-
-    ReportHost host;
-    Ref<Object> report;
 };
 
 INSTANTIATE_TEST_SUITE_P(Twins, CategoryDetail, testing::ValuesIn(kTwins),
@@ -163,7 +147,6 @@ TEST_P(CategoryDetail, PickerAndNameListServeTheSameClasses) {
 }
 
 TEST_P(CategoryDetail, TheFilterHoldsEveryKeyInOrder) {
-    host.InDialog(Confirm);
     Run();
     const std::string party = std::string(GetParam().beginParty) + " " + std::string(GetParam().endParty);
     EXPECT_EQ(Keys(report->Get("Filter")), "DtpBDate DtpEDate BTypeIn ETypeIn " + party +
@@ -173,7 +156,6 @@ TEST_P(CategoryDetail, TheFilterHoldsEveryKeyInOrder) {
 }
 
 TEST_P(CategoryDetail, EmptyBoxesSendEmptyTexts) {
-    host.InDialog(Confirm);
     Run();
     const std::int16_t number = static_cast<std::int16_t>(ToInt32(GetParam().reportClass.substr(3)));
     EXPECT_EQ(Entry(*report, "Filter", "DtpBDate"), Value("2020-09-01"));
@@ -193,7 +175,7 @@ TEST_P(CategoryDetail, EmptyBoxesSendEmptyTexts) {
 }
 
 TEST_P(CategoryDetail, TheReportNumberInTheFilterIsItsOwnWhateverTheIdentifier) {
-    host.InDialog(Confirm);
+    host.InDialog(test::Confirm);
     report = host.Create(GetParam().reportClass);
     report->Put("ExtFirter", 10999);
     report->Call("ShowFilter");
@@ -202,7 +184,6 @@ TEST_P(CategoryDetail, TheReportNumberInTheFilterIsItsOwnWhateverTheIdentifier) 
 }
 
 TEST_P(CategoryDetail, ColumnsFollowTheApplicationType) {
-    host.InDialog(Confirm);
     Run();
     EXPECT_EQ(Columns(*report), GetParam().columns);
 
@@ -216,13 +197,12 @@ TEST_P(CategoryDetail, ColumnsFollowTheApplicationType) {
 }
 
 TEST_P(CategoryDetail, TheTitleHasTheDatesAndTheConditions) {
-    host.InDialog([](Form& form) {
-        Person user(form);
+    Filter([](Person& user) {
         user.Text("txtItem(0)", "01");
         user.Text("txtItem(7)", "09");
         user.Click("cmdOK");
     });
-    Run();
+    report->Call("GetReportData");
     EXPECT_EQ(Shown(Entry(*report, "Result", "RptTitleObject")),
               "{ShowDateDiff: \"DtpBDate,2020-09-01|DtpEDate,2020-09-15\"}");
     const Ref<Vector> title = As<Vector>(report->Get("Title"));
@@ -233,9 +213,7 @@ TEST_P(CategoryDetail, TheTitleHasTheDatesAndTheConditions) {
 }
 
 TEST_P(CategoryDetail, TheFetchTalksToTheServerInThisOrder) {
-    host.InDialog(Confirm);
-    report = host.Create(GetParam().reportClass);
-    report->Call("ShowFilter");
+    Filter(ConfirmAtOnce);
     Log log = host.LogOf([this] { report->Call("GetReportData"); });
     EXPECT_EQ(log.at(0), "pump");
     std::erase(log, "pump");
@@ -252,7 +230,6 @@ TEST_P(CategoryDetail, TheUsersRightsLimitTheParties) {
     host.platform.Component("QOREBSBase.SecurityInfo").Answers("NeedAutorized", true);
     host.platform.Component("QOREBCGLView.GLData")
         .Answers("GetAuthItemClassList", std::to_string(GetParam().partyClass));
-    host.InDialog(Confirm);
     Run();
     EXPECT_EQ(Entry(*report, "Filter", "DataRightWhere"), Value(GetParam().clause));
 }
