@@ -3,7 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <fstream>
 #include <iostream>
-#include <iterator>
+#include <sstream>
 
 #include "viewer/conversation.h"
 #include "viewer/player.h"
@@ -14,14 +14,18 @@ namespace {
 
 constexpr int kRefused = 2;
 
-std::string ReadAll(std::istream& in) { return {std::istreambuf_iterator<char>(in), {}}; }
+std::string ReadAll(std::istream& in) {
+    std::ostringstream text;
+    if (in.peek() != std::istream::traits_type::eof()) text << in.rdbuf();
+    if (in.bad() || text.bad()) throw Mistake("", "cannot be read");
+    return text.str();
+}
 
 std::string ReadText(const std::string& file, std::istream& standardInput) {
     if (file == "-") return ReadAll(standardInput);
     std::ifstream in(file, std::ios::binary);
-    std::string text = ReadAll(in);
-    if (!in || in.bad()) throw Mistake("", "cannot be read");
-    return text;
+    if (!in) throw Mistake("", "cannot be read");
+    return ReadAll(in);
 }
 
 }  // namespace

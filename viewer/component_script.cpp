@@ -23,6 +23,7 @@ void ComponentScript::LayMember(Component& component, const std::string& member,
 }
 
 void ComponentScript::Lay(const Json& components) {
+    if (components.is_null()) return components_.clear();
     for (const auto& [name, members] : components.items()) {
         Component& component = At(name);
         component.removed = members.is_null();

@@ -115,7 +115,8 @@ void ValuesByKeyOrNull(FileCheck& check, const Json& json, const Place& place) {
     if (!json.is_null()) CheckValues(check, json, place);
 }
 
-void Components(FileCheck& check, const Json& json, const Place& place) {
+void ComponentsOrNull(FileCheck& check, const Json& json, const Place& place) {
+    if (json.is_null()) return;
     EachEntry(json, place, "components",
               [&](const std::string&, const Json& members, const Place& component) {
                   if (members.is_null()) return;

@@ -94,7 +94,7 @@ void DayOrNull(FileCheck&, const Json&, const Place&);
 void AnyValue(FileCheck&, const Json&, const Place&);
 void ValueList(FileCheck&, const Json&, const Place&);
 void ValuesByKeyOrNull(FileCheck&, const Json&, const Place&);  // an object of values, or null
-void Components(FileCheck&, const Json&, const Place&);
+void ComponentsOrNull(FileCheck&, const Json&, const Place&);
 void Profiles(FileCheck&, const Json&, const Place&);
 void Schemes(FileCheck&, const Json&, const Place&);
 void NewName(FileCheck&, const Json&, const Place&);  // declares it

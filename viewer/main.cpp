@@ -9,13 +9,27 @@ namespace {
 
 constexpr int kWrongArguments = 2;
 
+/// "a command was expected: play or run"
+std::string ExpectedCommand(const CLI::App& program) {
+    std::string names;
+    const auto commands = program.get_subcommands({});
+    for (std::size_t i = 0; i < commands.size(); ++i) {
+        if (i > 0) names += i + 1 < commands.size() ? ", " : " or ";
+        names += commands[i]->get_name();
+    }
+    return "a command was expected: " + names;
+}
+
 /// One line that says what was expected.
 void TellMistake(const CLI::App& program, const CLI::ParseError& mistake) {
-    std::string message = mistake.what();
-    std::ranges::replace(message, '\n', ' ');
     std::string command = program.get_name();
-    for (const CLI::App* chosen : program.get_subcommands()) {
-        command += " " + chosen->get_name();
+    std::string message = mistake.what();
+    const auto chosen = program.get_subcommands();
+    if (chosen.empty()) {
+        message = ExpectedCommand(program);
+    } else {
+        command += " " + chosen.front()->get_name();
+        std::ranges::replace(message, '\n', ' ');
     }
     std::cerr << command << ": " << message << " (see " << command << " --help)\n";
 }

@@ -17,8 +17,8 @@ namespace qor::viewer {
 /// What the file says of the components. Names are compared without regard to case.
 class ComponentScript {
  public:
-    /// Lays checked `components` over what stands: null takes a component away, or a member's answer.
-    /// Borrows the answers.
+    /// Lays checked `components` over what stands: null takes a component away, or a member's answer,
+    /// or all that the file has said. Borrows the answers.
     void Lay(const Json& components);
 
     bool IsNamed(std::string_view component) const;    // with members of its own

@@ -132,7 +132,7 @@ constexpr Key kInvokeKeys[] = {
 constexpr Key kReleaseKeys[] = {{"release", ReleasedName}};
 constexpr Key kChangeKeys[] = {{"bag", ValuesByKeyOrNull, true},
                                {"session", ValuesByKeyOrNull, true},
-                               {"components", Components, true},
+                               {"components", ComponentsOrNull, true},
                                {"today", DayOrNull, true}};
 
 constexpr Kind<StepRun> kStepKinds[] = {

@@ -19,6 +19,10 @@ TEST(Conversation, WhatIsWrongAtTheTopIsRefusedAtItsPlace) {
     constexpr Refused kFiles[] = {
         {"", "line 1, column 1: this is not JSON"},
         {"{\n  \"steps\": [],\n}", "line 3, column 1: this is not JSON"},
+        {"{\"steps\": []} {}", "line 1, column 15: this is not JSON"},
+        {R"({"steps": [], "steps": []})", ": the key \"steps\" stands twice"},
+        {R"({"bag": {"A": 1}, "steps": [{"today": null}, {"bag": {"A": 1, "B": 2, "A": 3}}]})",
+         "steps[1].bag: the key \"A\" stands twice"},
         {"[]", ": must be an object"},
         {"{}", ": \"steps\" is missing"},
         {R"({"steps": {}})", "steps: must be an array of steps"},
@@ -157,6 +161,11 @@ TEST(Conversation, AWrongEntryOfTheUserIsRefusedAtItsPlace) {
             R"([{"create": "X", "as": "r"}, {"call": "r.M", "user": )" + std::string(user) + "}]";
         EXPECT_EQ(RefusalOfSteps(steps), "steps[1].user" + refusal) << user;
     }
+}
+
+TEST(Conversation, AFileOfEndlessLevelsIsRefused) {
+    const std::string deep = std::string(100000, '[') + std::string(100000, ']');
+    EXPECT_EQ(RefusalOf(deep), ": has more than 200 levels");
 }
 
 TEST(Conversation, EveryVerbStandsOnce) {

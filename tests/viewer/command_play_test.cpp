@@ -1,0 +1,127 @@
+#include "viewer/command_play.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+
+#include "viewer/json.h"
+
+namespace qor::viewer {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+struct Outcome {
+    int status;
+    std::string out, errors;
+};
+
+Outcome PlayText(const std::string& text) {
+    std::istringstream in(text);
+    std::ostringstream out, errors;
+    const int status = PlayConversation("-", in, out, errors);
+    return {status, out.str(), errors.str()};
+}
+
+/// What the program itself says, its output and errors together.
+Outcome RunProgram(const std::string& arguments) {
+    std::FILE* pipe = popen((QORVIEW_PROGRAM " " + arguments + " 2>&1 </dev/null").c_str(), "r");
+    std::string said;
+    std::array<char, 4096> buffer{};
+    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
+        said.append(buffer.data(), count);
+    }
+    const int status = pclose(pipe);
+    return {WEXITSTATUS(status), said, ""};
+}
+
+std::ptrdiff_t LinesIn(const std::string& text) { return std::ranges::count(text, '\n'); }
+
+TEST(PlayCommand, WritesOneObjectALineAndEndsWithZero) {
+    const Outcome outcome = PlayText(
+        R"({"steps": [{"invoke": "ResText", "args": ["两行\n"]}, {"invoke": "CInt", "args": ["x"]}]})");
+    EXPECT_EQ(outcome.status, 0) << "a step that fails is no failure of the play";
+    EXPECT_EQ(outcome.errors, "");
+    std::istringstream lines(outcome.out);
+    int count = 0;
+    for (std::string line; std::getline(lines, line); ++count) {
+        EXPECT_TRUE(Json::parse(line).contains("event"));
+    }
+    EXPECT_EQ(count, 4);
+    EXPECT_THAT(outcome.out, HasSubstr("\"两行\\n\"")) << "text is not escaped beyond need";
+}
+
+TEST(PlayCommand, ARefusedFileLeavesOneLineAndNoTranscript) {
+    const Outcome outcome = PlayText(R"({"steps": [{"invoke": "GetPropsString"}, {"call": "r.Refresh"}]})");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.errors, "-: steps[1].call: no object is kept under the name \"r\"\n");
+}
+
+TEST(PlayCommand, AMistakeThatOnlyTheOpenDialogShowsIsRefusedInTheSameWay) {
+    const Outcome outcome = PlayText(R"({"steps": [{"create": "QORArApRpt.Rpt10522", "as": "r"},
+        {"call": "r.ShowFilter", "user": [{"dialog": "frmFilter10522", "do": [{"click": "cmdYes"}]}]}]})");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.errors, "-: steps[1].user[0].do[0]: frmFilter10522 has no control \"cmdYes\"\n");
+}
+
+TEST(PlayCommand, ANameWithALineBreakStaysInItsLine) {
+    const Outcome outcome = PlayText("{\"steps\": [], \"a\\nb\": 1}");
+    EXPECT_EQ(outcome.errors, "-: unknown key \"a\\nb\"\n");
+}
+
+TEST(PlayCommand, AFileThatCannotBeReadIsRefused) {
+    std::istringstream in;
+    std::ostringstream out, errors;
+    EXPECT_EQ(PlayConversation("/nonexistent.json", in, out, errors), 2);
+    EXPECT_EQ(errors.str(), "/nonexistent.json: cannot be read\n");
+    errors.str("");
+    EXPECT_EQ(PlayConversation("/tmp", in, out, errors), 2);
+    EXPECT_EQ(errors.str(), "/tmp: cannot be read\n");
+}
+
+TEST(PlayCommand, ReadsAFileByItsName) {
+    const std::string file = testing::TempDir() + "conversation.json";
+    std::ofstream(file) << R"({"steps": [{"invoke": "GetAppType"}]})";
+    const Outcome outcome = RunProgram("play " + file);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.out, EndsWith("{\"event\":\"result\",\"index\":0,\"value\":2}\n"));
+    std::remove(file.c_str());
+}
+
+TEST(Program, AMistakeInTheArgumentsGivesOneLineThatSaysWhatWasExpected) {
+    const std::pair<const char*, const char*> kMistakes[] = {
+        {"", "qorview: a command was expected: "},
+        {"bogus", "qorview: a command was expected: "},
+        {"--bogus", "qorview: a command was expected: "},
+        {"play", "qorview play: FILE is required"},
+        {"play a b", "qorview play: The following argument was not expected: b"},
+        {"play --bogus a", "qorview play: The following argument was not expected: --bogus"},
+    };
+    for (const auto& [arguments, line] : kMistakes) {
+        const Outcome outcome = RunProgram(arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments;
+        EXPECT_THAT(outcome.out, StartsWith(line)) << arguments;
+        EXPECT_EQ(LinesIn(outcome.out), 1) << outcome.out;
+    }
+}
+
+TEST(Program, HelpStandsForTheProgramAndForEachCommand) {
+    for (const char* arguments : {"--help", "play --help"}) {
+        const Outcome outcome = RunProgram(arguments);
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_THAT(outcome.out, HasSubstr("Usage: qorview")) << arguments;
+    }
+    EXPECT_THAT(RunProgram("--help").out, HasSubstr("play"));
+}
+
+}  // namespace
+}  // namespace qor::viewer
