@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/conversions.h"
+#include "support/foreign.h"
 #include "support/raises.h"
 #include "support/test_platform.h"
 
@@ -118,6 +119,15 @@ TEST_F(GetStartPeriodDates, ReadsDatesThatComeAsText) {
     Ask();
     EXPECT_EQ(start, "2019-01-01");
     EXPECT_EQ(end, "no date");
+}
+
+TEST_F(GetStartPeriodDates, ReadsARecordSetOfSomebodyElse) {
+    const auto rows = MakeRef<ColumnarRecordSet>(std::vector<std::string>{"FStartDate", "FEndDate"});
+    rows->AddRow({"2019-01-01", "2019-01-31"});
+    test.platform.Component(kConnection).Answers("Execute", MakeRef<test::Foreign>(rows));
+    Ask();
+    EXPECT_EQ(start, "2019-01-01");
+    EXPECT_EQ(end, "2019-01-31");
 }
 
 TEST_F(GetStartPeriodDates, LeavesBothWhereTheServerHasNoSuchPeriod) {
