@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <iostream>
 
+#include "viewer/command_list.h"
 #include "viewer/command_play.h"
+#include "viewer/command_run.h"
+#include "viewer/command_sample.h"
 
 namespace {
 
@@ -38,7 +41,10 @@ int Run(int count, char** arguments) {
     CLI::App program("Runs the receivable, payable and cash reports", "qorview");
     program.require_subcommand(1);
     int status = 0;
+    qor::viewer::AddListCommand(program, status);
+    qor::viewer::AddRunCommand(program, status);
     qor::viewer::AddPlayCommand(program, status);
+    qor::viewer::AddSampleCommand(program, status);
     try {
         program.parse(count, arguments);
     } catch (const CLI::ParseError& mistake) {
