@@ -56,6 +56,7 @@ class NotingFrame final : public PlainFrame {
     void ShowDefaults() override { inner_->ShowDefaults(); }
     std::vector<std::string> SchemeNames() const override { return inner_->SchemeNames(); }
     std::string CurrentSchemeName() const override { return inner_->CurrentSchemeName(); }
+    void ShowScheme(const Dictionary& conditions) override { inner_->ShowScheme(conditions); }
 
     bool failsAtOptions = false;
 
