@@ -12,6 +12,7 @@
 #include "reports/other/cash.h"
 #include "reports/other/credit_warning.h"
 #include "reports/other/matching_balance.h"
+#include "reports/other/statement.h"
 
 namespace qor {
 
@@ -29,6 +30,7 @@ std::span<const ReportEntry> Reports() {
         {kRpt10503, MakeRpt10503},
         {kRpt10504, MakeRpt10504},
         {kRpt10505, MakeRpt10505},
+        {kRpt10506, MakeRpt10506},
         {kRpt10507, MakeRpt10507},
         {kRpt10508, MakeRpt10508},
         {kRpt10521, MakeRpt10521},

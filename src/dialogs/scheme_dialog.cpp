@@ -241,7 +241,8 @@ const ItemBoxes& SchemeDialog::ItemsWith(std::size_t index) const {
 void SchemeDialog::OnItemClassOf(Control& control, std::int32_t& itemClass) {
     for (const ItemBoxes* boxes : {&items_, &commonItems_}) {
         for (std::size_t i = boxes->firstIndex(); i < boxes->firstIndex() + boxes->size(); ++i) {
-            if (boxes->cmdItem(i) == &control) itemClass = ItemClassOf(i);
+            if (boxes->cmdItem(i) != &control) continue;
+            if (const std::int32_t opened = ItemClassOf(i); opened != 0) itemClass = opened;
         }
     }
 }

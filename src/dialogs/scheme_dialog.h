@@ -82,7 +82,7 @@ class SchemeDialog : public FilterDialog, public FrameOwner, protected SchemeFra
     virtual Value OwnValue(std::string_view) const { return {}; }
     /// Reads one key of a scheme into its control.
     virtual void LoadField(const SchemeField& field, const Dictionary& scheme);
-    /// The class that the picker button of a box opens.
+    /// The class that the picker button of a box opens; 0 for none.
     virtual std::int32_t ItemClassOf(std::size_t index) const {
         return ItemsWith(index).row(index).itemClass;
     }

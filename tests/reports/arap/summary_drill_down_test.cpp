@@ -81,13 +81,10 @@ TEST(SummaryDrillDown, OpensTheDetailOfTheRowsParty) {
         EXPECT_FALSE(shown) << row.report;
         EXPECT_EQ(detail.object()->ClassName(), row.detail);
         EXPECT_EQ(Shown(detail.object()->Get("RptID")), std::string(row.detail.substr(3)));
-        const std::string party(row.party);
-        EXPECT_EQ(Shown(detail.object()->Get("Filter")),
-                  "{BDate: #2020-09-01#, EDate: \"2020-09-30\", B" + party + "Number: \"P7\", E" + party +
-                      "Number: \"P7\", BDeptNumber: \"d1\", EDeptNumber: \"d2\", BEmpNumber: \"e1\", "
-                      "EEmpNumber: \"e2\", NotShowBalZero: 4, NotShowBillZero: \"0\", " +
-                      std::string(row.includes) + "CheckState: 1, DataRightWhere: \"\", OK: True}")
-            << row.report;
+        EXPECT_EQ(Entry(*detail.object(), "Filter", "E" + std::string(row.party) + "Number"), Value("P7"));
+        EXPECT_EQ(Entry(*detail.object(), "Filter", "EEmpNumber"), Value("e2")) << row.report;
+        EXPECT_EQ(Entry(*detail.object(), "Filter", "NotShowBillZero"), Value(std::int16_t{0})) << row.report;
+        EXPECT_EQ(Entry(*detail.object(), "Filter", "UserID"), Value(16)) << row.report;
         EXPECT_EQ(Entry(*detail.object(), "Property", "ShowFilter"), Value(-2)) << row.report;
         EXPECT_EQ(Entry(*detail.object(), "Result", "OK"), Value(true)) << row.report;
         EXPECT_FALSE(detail.object()->Get("Rs").IsNothing()) << row.report;
