@@ -15,7 +15,9 @@
 namespace qor::viewer {
 
 std::int32_t RunHost::Windows::MessageBox(std::string_view text, std::string_view title, std::int32_t style) {
-    messages_ << (title.empty() ? "信息提示" : title) << ": " << text << '\n';
+    // A title may end in a full-width colon of its own.
+    const bool hasColon = title.ends_with("：");
+    messages_ << (title.empty() ? "信息提示" : title) << (hasColon ? "" : "：") << text << '\n';
     return HeadlessWindows::MessageBox(text, title, style);
 }
 

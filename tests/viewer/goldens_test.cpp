@@ -49,7 +49,8 @@ std::string FirstDifference(const std::string& expected, const std::string& play
     for (std::size_t i = 0; i < std::max(wanted.size(), got.size()); ++i) {
         const std::string want = i < wanted.size() ? wanted[i] : "(the end)";
         const std::string have = i < got.size() ? got[i] : "(the end)";
-        if (want != have) return "line " + std::to_string(i + 1) + "\n  wanted " + want + "\n  played " + have;
+        if (want != have)
+            return "line " + std::to_string(i + 1) + "\n  wanted " + want + "\n  played " + have;
     }
     return "only in line ends";
 }
@@ -62,16 +63,18 @@ TEST_P(Goldens, PlayAsTheyDid) {
     std::istringstream noInput;
     std::ostringstream played, errors;
     ASSERT_EQ(PlayConversation(conversation.string(), noInput, played, errors), 0) << errors.str();
-    ASSERT_TRUE(fs::exists(transcript)) << "no transcript yet: look at it and take it over with tools/goldens "
-                                        << conversation.parent_path().filename() << "/" << conversation.stem();
+    ASSERT_TRUE(fs::exists(transcript))
+        << "no transcript yet: look at it and take it over with tools/goldens "
+        << conversation.parent_path().filename() << "/" << conversation.stem();
     const std::string expected = ReadText(transcript);
-    EXPECT_EQ(expected, played.str()) << FirstDifference(expected, played.str())
-                                      << "\nif this is meant, take it over with tools/goldens";
+    EXPECT_EQ(expected, played.str())
+        << FirstDifference(expected, played.str()) << "\nif this is meant, take it over with tools/goldens";
 }
 
 std::string NameOf(const testing::TestParamInfo<fs::path>& info) {
     std::string name = info.param.parent_path().filename().string() + "_" + info.param.stem().string();
-    std::ranges::replace_if(name, [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); }, '_');
+    std::ranges::replace_if(
+        name, [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); }, '_');
     return name;
 }
 
