@@ -25,9 +25,11 @@ struct MemberName {
     char text[N];
 };
 
+/// No figures yet: an empty data set, and a notice that says so.
 template <MemberName Name>
-Value NotAnswered(Object&, Arguments) {
-    RaiseAccountSetError(std::string("内置账套尚不能回答 ") + Name.text);
+Value NotAnswered(Object& self, Arguments) {
+    ServerOf(self).notices.push_back(std::string("内置账套尚不能回答 ") + Name.text);
+    return MakeRef<ColumnarRecordSet>(std::vector<std::string>{});
 }
 
 constexpr Parameter kProps{"PropsString", ParameterType::Text};
