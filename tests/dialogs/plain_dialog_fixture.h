@@ -2,6 +2,7 @@
 // form asks of it.
 #pragma once
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -86,6 +87,33 @@ class PlainDialogTest : public testing::Test {
         report->Call("GetReportData");
     }
     static void ConfirmAtOnce(Person& user) { user.Click("cmdOK"); }
+    /// The item classes that the picker and the name list of each code box go by, as "8 1121".
+    Log ItemClasses(Person& user) {
+        const auto behind = [this](std::string_view lead) {
+            const Log lines = Lines(lead);
+            const std::size_t begin = lines.at(0).find(lead) + lead.size();
+            return lines[0].substr(begin, lines[0].find_first_of(", ", begin) - begin);
+        };
+        Log classes;
+        for (std::size_t i = 0; user.form().Find(ArrayName("txtItem", i)); ++i) {
+            host.platform.log().clear();
+            user.Click(ArrayName("cmdItem", i));
+            user.Focus(ArrayName("txtItem", i));
+            classes.push_back(behind("ItemLookUp(&") + " " + behind("LookUpClassID = "));
+        }
+        return classes;
+    }
+    /// A fetch that adds the rights before its component is made; `call` is how the data call begins.
+    void ExpectUsualFetch(std::string_view component, std::string_view call) {
+        const std::string name(component);
+        EXPECT_THAT(ServerLogOf([this] { report->Call("GetReportData"); }),
+                    testing::ElementsAre(
+                        "call QOREBCGLView.GLData.AccessCheck(int16(1006), int16(2), int16(4))",
+                        "create QOREBSBase.SecurityInfo",
+                        "call QOREBSBase.SecurityInfo.NeedAutorized(\"UserID=16;UserName=demo;\")",
+                        "release QOREBSBase.SecurityInfo", "create " + name,
+                        testing::StartsWith("call " + name + "." + std::string(call)), "release " + name));
+    }
     /// What a step asks of the outside, apart from the session and the progress window's pumps.
     Log ServerLogOf(const std::function<void()>& step) {
         Log log = host.LogOf(step);

@@ -12,13 +12,9 @@ using test::Columns;
 using test::Entry;
 using test::Keys;
 using test::Log;
-using test::Person;
 using test::Shown;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
-
-constexpr std::string_view kData = "QORMArApRpt.Data";
 
 class CategorySummary : public test::SummaryTest {
  protected:
