@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "embedded/middle_tier.h"
+#include "embedded/user_profile_store.h"
 #include "frames/durable_file.h"
 #include "frames/file_scheme_store.h"
 #include "viewer/report_formats.h"
@@ -57,7 +58,9 @@ int Run(RunCommand& command) {
     try {
         const auto start = std::chrono::steady_clock::now();
         command.request.values = SplitAssignments(command.assignments);
-        MiddleTier middleTier(command.accountSet.empty() ? DefaultAccountSet() : command.accountSet);
+        constexpr std::int32_t kOwner = 1;  // the user of every sample account set who sees everything
+        MiddleTier middleTier(command.accountSet.empty() ? DefaultAccountSet() : command.accountSet, kOwner,
+                              std::make_unique<FileProfiles>(UserDataFolder() / "profile.json"));
         FileSchemeStore schemes(UserSchemeFile());
         RunHost host(middleTier, schemes, std::cerr);
         const Ref<Object> report = host.Run(command.request);
