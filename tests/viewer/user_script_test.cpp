@@ -97,7 +97,7 @@ TEST(UserScript, ADumpTellsAllThatAControlHolds) {
     const Json& controls = dumps[0]["controls"];
     EXPECT_EQ(controls["cmbCheckState"]["items"].dump(), R"j(["已审核","未审核","全部"])j");
     EXPECT_EQ(controls["cmbCheckState"]["kind"], "list");
-    EXPECT_EQ(controls["cmdOK"]["caption"], "确定(&O)j");
+    EXPECT_EQ(controls["cmdOK"]["caption"], "确定(&O)");
     EXPECT_EQ(controls["cmdOK"]["kind"], "button");
     EXPECT_EQ(controls["fraPeriod"]["kind"], "frame");
     EXPECT_EQ(controls["Label1"]["caption"], "起始日期:");
