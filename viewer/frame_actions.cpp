@@ -97,7 +97,7 @@ bool PressFrame(Scene& scene, const Json& action) {
         throw Mistake(scene.place, std::string(scene.form.ClassName()) + " has no frame that takes " +
                                        Quoted(command.name));
     }
-    if (!scene.form.IsVisible()) return false;
+    if (!scene.IsOpen()) return false;
     Control* control = FrameControl(scene.form);
     if (control && control->TakesFocus() && !User(scene.form).Focus(*control)) return false;
     const std::string argument = command.takes.empty() ? "" : TextAt(action, command.takes);

@@ -31,24 +31,27 @@ T& ControlOf(const Scene& scene, const Json& action, std::string_view verb, Cont
 
 bool SetText(Scene& scene, const Json& action) {
     auto& box = ControlOf<TextBox>(scene, action, "text", Control::Kind::Text);
-    return User(scene.form).Text(box, TextAt(action, "to"));
+    return scene.IsOpen() && User(scene.form).Text(box, TextAt(action, "to"));
 }
 
 bool TypeCharacters(Scene& scene, const Json& action) {
-    return User(scene.form).Type(FindControl(scene, TextAt(action, "type")), TextAt(action, "characters"));
+    return scene.IsOpen() &&
+           User(scene.form).Type(FindControl(scene, TextAt(action, "type")), TextAt(action, "characters"));
 }
 
 bool PressKey(Scene& scene, const Json& action) {
-    return User(scene.form).Key(FindControl(scene, TextAt(action, "key")), NumberAt(action, "code"));
+    return scene.IsOpen() &&
+           User(scene.form).Key(FindControl(scene, TextAt(action, "key")), NumberAt(action, "code"));
 }
 
 bool SetCheck(Scene& scene, const Json& action) {
     auto& box = ControlOf<CheckBox>(scene, action, "check", Control::Kind::Check);
-    return User(scene.form).Check(box, static_cast<std::int16_t>(NumberAt(action, "to")));
+    return scene.IsOpen() && User(scene.form).Check(box, static_cast<std::int16_t>(NumberAt(action, "to")));
 }
 
 bool PickOption(Scene& scene, const Json& action) {
-    return User(scene.form).Option(ControlOf<OptionButton>(scene, action, "option", Control::Kind::Option));
+    return scene.IsOpen() &&
+           User(scene.form).Option(ControlOf<OptionButton>(scene, action, "option", Control::Kind::Option));
 }
 
 /// An entry that the list does not show cannot be picked.
@@ -56,7 +59,8 @@ bool SelectEntry(Scene& scene, const Json& action) {
     auto& list = ControlOf<DropDown>(scene, action, "select", Control::Kind::List);
     const std::int32_t index = NumberAt(action, "to");
     User user(scene.form);
-    if (!user.Focus(list) || index < 0 || static_cast<std::size_t>(index) >= list.items().size())
+    if (!scene.IsOpen() || !user.Focus(list) || index < 0 ||
+        static_cast<std::size_t>(index) >= list.items().size())
         return false;
     return user.Select(list, index);
 }
@@ -66,21 +70,23 @@ bool PickDate(Scene& scene, const Json& action) {
     auto& picker = ControlOf<DatePicker>(scene, action, "date", Control::Kind::Date);
     const Date date = ReadDate(*action.find("to"), {}, false);
     User user(scene.form);
-    if (!user.Focus(picker) || date < picker.minDate() || date > picker.maxDate()) return false;
+    if (!scene.IsOpen() || !user.Focus(picker) || date < picker.minDate() || date > picker.maxDate())
+        return false;
     return user.Date(picker, date);
 }
 
 bool MoveFocus(Scene& scene, const Json& action) {
-    return User(scene.form).Focus(FindControl(scene, TextAt(action, "focus")));
+    return scene.IsOpen() && User(scene.form).Focus(FindControl(scene, TextAt(action, "focus")));
 }
 
 bool MoveSpin(Scene& scene, const Json& action) {
     auto& spin = ControlOf<Spin>(scene, action, "spin", Control::Kind::Spin);
-    return User(scene.form).Spin(spin, NumberAt(action, "to"));
+    return scene.IsOpen() && User(scene.form).Spin(spin, NumberAt(action, "to"));
 }
 
 bool ClickButton(Scene& scene, const Json& action) {
-    return User(scene.form).Click(ControlOf<Button>(scene, action, "click", Control::Kind::Button));
+    return scene.IsOpen() &&
+           User(scene.form).Click(ControlOf<Button>(scene, action, "click", Control::Kind::Button));
 }
 
 bool EditCell(Scene& scene, const Json& action) {
@@ -95,7 +101,7 @@ bool GoToRow(Scene& scene, const Json& action) {
 }
 
 bool ActivateAgain(Scene& scene, const Json&) {
-    if (!scene.form.IsVisible()) return false;
+    if (!scene.IsOpen()) return false;
     scene.form.Activate();
     return true;
 }

@@ -19,6 +19,9 @@ struct Scene {
     Transcript& transcript;
     const ObjectNames& names;
     const Place& place;  // the action's, for what only the open dialog can show to be wrong
+
+    /// A dialog that an earlier action has closed can still be told, but no longer be reached.
+    bool IsOpen() const { return form.IsVisible(); }
 };
 
 /// Performs a checked action. Answers false where it was lost. Raises a Mistake where the dialog has no such
