@@ -92,10 +92,13 @@ Value TableObject::Invoke(MemberId member, InvokeKind kind, Arguments arguments)
         return row->invoke(*this, arguments);
     }
 
-    // What a property or method does not take itself belongs to the object that it answers:
-    // `r.Filter("BDate")`.
+    // What a property does not take itself belongs to the object that it answers: `r.Filter("BDate")`. A
+    // method with too many arguments must not run at all.
     const Member* reader = FindRow(rows, member, InvokeKind::Get);
     if (!reader) Raise(Automation::NoSuchMember);
+    if (reader->kind == InvokeKind::Method) {
+        Raise(row ? Automation::WrongArguments : Automation::NoSuchMember);
+    }
     const std::size_t own = reader->ParameterCount();
     const std::size_t indices = arguments.size() - (IsPut(kind) && !arguments.empty() ? 1 : 0);
     if (indices <= own) Raise(row ? Automation::WrongArguments : Automation::NoSuchMember);

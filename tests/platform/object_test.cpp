@@ -129,6 +129,15 @@ TEST_F(LateBinding, RaisesForTooFewAndTooManyArguments) {
     EXPECT_EQ(RaisedBy([&] { sample->Put("Text", 1, 2); }), Automation::WrongArguments);
 }
 
+TEST_F(LateBinding, DoesNotRunAMethodThatGetsTooManyArguments) {
+    EXPECT_EQ(RaisedBy([&] { sample->Call("Convert", true, 1, 1, "", 1, sample->items, 1); }),
+              Automation::WrongArguments);
+    EXPECT_EQ(RaisedBy([&] { sample->Put("Convert", true, 1, 1, "", 1, sample->items, 1, 1); }),
+              Automation::NoSuchMember);
+    EXPECT_EQ(sample->calls, "");
+    EXPECT_EQ(RaisedBy([&] { sample->Call("MakeEntries", "key"); }), Automation::WrongArguments);
+}
+
 TEST_F(LateBinding, ConvertsArgumentsToWhatTheParametersTake) {
     sample->Call("Convert", 1, "7", 2.5, 8);
     EXPECT_EQ(sample->calls, "Convert(True;int16(7);2;\"8\";)");
