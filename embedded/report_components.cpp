@@ -26,9 +26,9 @@ struct MemberName {
 };
 
 /// No figures yet: an empty data set, and a notice that says so.
-template <MemberName Name>
-Value NotAnswered(Object& self, Arguments) {
-    ServerOf(self).notices.push_back(std::string("内置账套尚不能回答 ") + Name.text);
+Value NotAnswered(Object& self, std::string_view member) {
+    std::string& notice = ServerOf(self).notices.emplace_back("内置账套尚不能回答 ");
+    notice += member;
     return MakeRef<ColumnarRecordSet>(std::vector<std::string>{});
 }
 
@@ -42,7 +42,9 @@ constexpr Member ReportMember(std::string_view name, Value (*invoke)(Object&, Ar
 
 template <MemberName Name>
 constexpr Member Unanswered() {
-    return ReportMember({Name.text, sizeof(Name.text) - 1}, NotAnswered<Name>);
+    return ReportMember({Name.text, sizeof(Name.text) - 1}, [](Object& self, Arguments) {
+        return NotAnswered(self, {Name.text, sizeof(Name.text) - 1});
+    });
 }
 
 /// The statement of account hands two more record sets back.
