@@ -30,6 +30,9 @@ class ObjectNames final : public References {
     Value Resolve(const std::string& name, const Place&) const override { return Find(name); }
     /// The object's first name, "" for an object without one.
     std::string_view NameOf(const Object& object) const;
+    /// Drops all names. A conversation may have put objects into each other; the dictionaries that the
+    /// names reach are emptied, so that none keeps another alive.
+    void DropAll();
 
  private:
     std::vector<std::pair<std::string, Value>> kept_;

@@ -16,7 +16,7 @@ Player::Player(const Json& file, Transcript& transcript)
 
 Player::~Player() {
     transcript_.Close();
-    names_ = {};
+    names_.DropAll();
 }
 
 void Player::Play() {
