@@ -1,9 +1,9 @@
 // Letting go of objects that hold each other: reference counts alone would keep them for ever.
 #include <unordered_set>
 
+#include "library.h"
 #include "platform/dictionary.h"
 #include "platform/vector.h"
-#include "report/report_object.h"
 #include "viewer/object_names.h"
 
 namespace qor::viewer {

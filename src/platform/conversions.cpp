@@ -228,7 +228,7 @@ CalendarTime ToCalendar(Date date) {
         ++days;
         seconds = 0;
     }
-    using namespace std::chrono;
+    using std::chrono::December, std::chrono::sys_days, std::chrono::year_month_day;
     const year_month_day day = sys_days{December / 30 / 1899} + std::chrono::days{days};
     return {static_cast<int>(day.year()),
             static_cast<int>(static_cast<unsigned>(day.month())),
@@ -239,7 +239,7 @@ CalendarTime ToCalendar(Date date) {
 }
 
 std::optional<Date> DateFromCalendar(int year, int month, int day) {
-    using namespace std::chrono;
+    using std::chrono::December, std::chrono::sys_days, std::chrono::year_month_day;
     if (year < 100 || year > 9999 || month < 1 || day < 1) return std::nullopt;
     const year_month_day calendarDay{std::chrono::year{year},
                                      std::chrono::month{static_cast<unsigned>(month)},

@@ -8,7 +8,7 @@ namespace qor {
 
 namespace {
 
-using namespace progress;
+using progress::NumberCall, progress::PlainCall, progress::TextCall;
 
 constexpr Member kMembers[] = {
     PlainCall<Bar, &Bar::HideProgBar>("HideProgBar"),

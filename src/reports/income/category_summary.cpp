@@ -73,7 +73,7 @@ class CategorySummary final : public Report {
 
         const Value partyBound = byParty ? party : Value("");
         const Value type = m_Rs->Field("FTypeNumber");
-        const Ref<Dictionary> detail = process_.platform.NewDictionary();
+        Ref<Dictionary> detail = process_.platform.NewDictionary();
         detail->Put("DtpBDate", FilterValue("DtpBDate"));
         detail->Put("DtpEDate", FilterValue("DtpEDate"));
         detail->Put(kind_.beginPartyKey, partyBound);
