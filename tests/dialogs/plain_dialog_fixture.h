@@ -140,6 +140,14 @@ class PlainDialogTest : public testing::Test {
                              [part](const std::string& line) { return line.find(part) != line.npos; });
         return lines;
     }
+    /// Every message box: text, title and style.
+    Log Told() {
+        Log all;
+        for (const auto& box : host.platform.windows().boxes) {
+            all.push_back(box.text + " / " + box.title + " / " + std::to_string(box.style));
+        }
+        return all;
+    }
     static std::string ResultOf(Person& user) {
         return Shown(dynamic_cast<FilterDialog&>(user.form()).Result());
     }

@@ -43,6 +43,10 @@ class Person {
     bool Spin(std::string_view spin, std::int32_t value) {
         return user_.Spin(ControlOf<qor::Spin>(form_, spin), value);
     }
+    bool Cell(std::string_view grid, std::int32_t row, std::int32_t column, std::string_view text) {
+        return user_.Cell(ControlOf<Grid>(form_, grid), row, column, text);
+    }
+    bool Row(std::string_view grid, std::int32_t row) { return user_.Row(ControlOf<Grid>(form_, grid), row); }
     bool Click(std::string_view button) { return user_.Click(ControlOf<Button>(form_, button)); }
 
     // What the user sees.
