@@ -4,6 +4,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -35,7 +36,7 @@ class FileLock {
     FileLock& operator=(const FileLock&) = delete;
 
  private:
-    int descriptor_;
+    std::intptr_t handle_;  // the platform's own
 };
 
 }  // namespace qor

@@ -31,7 +31,7 @@ bool IsUnknownWay(HRESULT result) { return result == DISP_E_MEMBERNOTFOUND || re
 }  // namespace
 
 ForeignObject::ForeignObject(IDispatch* dispatch) : dispatch_(dispatch) {
-    dispatch_->QueryInterface(IID_IDispatchEx, reinterpret_cast<void**>(dispatchEx_.GetAddressOf()));
+    dispatch_->QueryInterface(IID_PPV_ARGS(&dispatchEx_));
 }
 
 ForeignObject::~ForeignObject() {

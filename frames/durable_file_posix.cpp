@@ -1,5 +1,3 @@
-#include "frames/durable_file.h"
-
 #include <fcntl.h>
 #include <pwd.h>
 #include <sys/file.h>
@@ -11,6 +9,8 @@
 #include <system_error>
 #include <thread>
 
+#include "frames/durable_file.h"
+#include "frames/file_failure.h"
 #include "platform/error.h"
 
 namespace qor {
@@ -19,7 +19,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::int32_t kPathOrFileAccess = 75;
 constexpr auto kBetweenTries = std::chrono::milliseconds(10);
 
 std::string Reason(int code) {
@@ -44,13 +43,8 @@ std::string Reason(int code) {
     }
 }
 
-[[noreturn]] void Fail(std::string_view attempt, const fs::path& file, std::string_view reason) {
-    throw Error(kPathOrFileAccess, std::string(kLibraryName),
-                std::string(attempt) + "“" + file.string() + "”：" + std::string(reason) + "。");
-}
-
 [[noreturn]] void FailWith(int code, std::string_view attempt, const fs::path& file) {
-    Fail(attempt, file, Reason(code));
+    FailOnFile(attempt, file, Reason(code));
 }
 
 class Descriptor {
@@ -72,9 +66,9 @@ class Descriptor {
 /// A new name is only there for good when its folder has reached the disk.
 void SyncFolder(const fs::path& folder) {
     const Descriptor open(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!open.IsOpen()) FailWith(errno, "无法写入文件夹", folder);
+    if (!open.IsOpen()) FailWith(errno, kCannotWriteFolder, folder);
     // Some file systems have nothing to sync about a folder and say so.
-    if (::fsync(open.number()) != 0 && errno != EINVAL) FailWith(errno, "无法写入文件夹", folder);
+    if (::fsync(open.number()) != 0 && errno != EINVAL) FailWith(errno, kCannotWriteFolder, folder);
 }
 
 void MakeFolder(const fs::path& folder) {
@@ -82,14 +76,14 @@ void MakeFolder(const fs::path& folder) {
     if (folder.empty() || fs::is_directory(folder, ignored)) return;
     MakeFolder(folder.parent_path());
     if (::mkdir(folder.c_str(), 0700) == 0) return SyncFolder(folder.parent_path());
-    if (errno != EEXIST) FailWith(errno, "无法建立文件夹", folder);
+    if (errno != EEXIST) FailWith(errno, kCannotMakeFolder, folder);
 }
 
 void WriteAll(const Descriptor& file, std::string_view content, const fs::path& name) {
     while (!content.empty()) {
         const ssize_t written = ::write(file.number(), content.data(), content.size());
         if (written < 0 && errno == EINTR) continue;
-        if (written < 0) FailWith(errno, "无法写入文件", name);
+        if (written < 0) FailWith(errno, kCannotWrite, name);
         content.remove_prefix(static_cast<std::size_t>(written));
     }
 }
@@ -103,9 +97,9 @@ fs::path BehindLinks(const fs::path& file) {
 
 void WriteFresh(const fs::path& fresh, std::string_view content, const fs::path& target) {
     const Descriptor file(::open(fresh.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600));
-    if (!file.IsOpen()) FailWith(errno, "无法写入文件", target);
+    if (!file.IsOpen()) FailWith(errno, kCannotWrite, target);
     WriteAll(file, content, target);
-    if (::fsync(file.number()) != 0) FailWith(errno, "无法写入文件", target);
+    if (::fsync(file.number()) != 0) FailWith(errno, kCannotWrite, target);
 }
 
 /// Gives the file another name only where that name is free. Answers 0 or the error's code.
@@ -129,34 +123,28 @@ fs::path HomeFolder() {
     return user && user->pw_dir ? user->pw_dir : ".";
 }
 
-fs::path Whole(const fs::path& path) {
-    std::error_code failed;
-    fs::path whole = fs::absolute(path, failed);
-    return failed ? path : whole;
-}
-
 }  // namespace
 
 fs::path UserDataFolder() {
-    if (const char* own = NonEmptyVariable("QORVIEW_HOME")) return Whole(own);
+    if (const char* own = NonEmptyVariable("QORVIEW_HOME")) return WholePath(own);
     const char* shared = NonEmptyVariable("XDG_DATA_HOME");
     // A relative path there is to be ignored.
     if (shared && fs::path(shared).is_absolute()) return fs::path(shared) / "qorview";
-    return Whole(HomeFolder() / ".local" / "share" / "qorview");
+    return WholePath(HomeFolder() / ".local" / "share" / "qorview");
 }
 
 std::optional<std::string> ReadWholeFile(const fs::path& file) {
     const Descriptor open(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
     if (!open.IsOpen()) {
         if (errno == ENOENT) return std::nullopt;
-        FailWith(errno, "无法读取文件", file);
+        FailWith(errno, kCannotRead, file);
     }
     std::string content;
     char part[16384];
     for (;;) {
         const ssize_t count = ::read(open.number(), part, sizeof part);
         if (count < 0 && errno == EINTR) continue;
-        if (count < 0) FailWith(errno, "无法读取文件", file);
+        if (count < 0) FailWith(errno, kCannotRead, file);
         if (count == 0) return content;
         content.append(part, static_cast<std::size_t>(count));
     }
@@ -169,7 +157,7 @@ void ReplaceFile(const fs::path& file, std::string_view content) {
     fresh += ".new";
     try {
         WriteFresh(fresh, content, target);
-        if (::rename(fresh.c_str(), target.c_str()) != 0) FailWith(errno, "无法写入文件", target);
+        if (::rename(fresh.c_str(), target.c_str()) != 0) FailWith(errno, kCannotWrite, target);
     } catch (const Error&) {
         ::unlink(fresh.c_str());
         throw;
@@ -179,12 +167,10 @@ void ReplaceFile(const fs::path& file, std::string_view content) {
 
 fs::path SetAside(const fs::path& file, std::string_view mark) {
     for (int number = 1;; ++number) {
-        fs::path aside = file.parent_path() / file.stem();
-        aside += "." + std::string(mark) + "-" + std::to_string(number);
-        aside += file.extension();
+        fs::path aside = AsideName(file, mark, number);
         const int code = RenameToFreeName(file, aside);
         if (code == EEXIST) continue;
-        if (code != 0) FailWith(code, "无法改名保存文件", file);
+        if (code != 0) FailWith(code, kCannotRename, file);
         SyncFolder(file.parent_path());
         return aside;
     }
@@ -192,21 +178,22 @@ fs::path SetAside(const fs::path& file, std::string_view mark) {
 
 FileLock::FileLock(const fs::path& lockFile, std::chrono::milliseconds longestWait) {
     MakeFolder(lockFile.parent_path());
-    descriptor_ = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (descriptor_ < 0) FailWith(errno, "无法写入文件", lockFile);
+    const int descriptor = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (descriptor < 0) FailWith(errno, kCannotWrite, lockFile);
     const auto giveUp = std::chrono::steady_clock::now() + longestWait;
-    while (::flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
+    while (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
         const int code = errno;
         if ((code == EWOULDBLOCK || code == EINTR) && std::chrono::steady_clock::now() < giveUp) {
             std::this_thread::sleep_for(kBetweenTries);
             continue;
         }
-        ::close(descriptor_);
-        if (code == EWOULDBLOCK) Fail("无法锁定文件", lockFile, "另一个程序正在使用");
-        FailWith(code, "无法锁定文件", lockFile);
+        ::close(descriptor);
+        if (code == EWOULDBLOCK) FailOnFile(kCannotLock, lockFile, kInUse);
+        FailWith(code, kCannotLock, lockFile);
     }
+    handle_ = descriptor;
 }
 
-FileLock::~FileLock() { ::close(descriptor_); }
+FileLock::~FileLock() { ::close(static_cast<int>(handle_)); }
 
 }  // namespace qor
