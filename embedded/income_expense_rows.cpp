@@ -1,73 +1,15 @@
 #include "embedded/income_expense_rows.h"
 
 #include <string>
-#include <unordered_map>
 #include <vector>
 
-#include "embedded/bill_kinds.h"
+#include "embedded/class_tree.h"
 #include "embedded/item_texts.h"
-#include "embedded/report_conditions.h"
-#include "embedded/right_clause.h"
-#include "platform/conversions.h"
+#include "embedded/money.h"
 
 namespace qor {
 
 namespace {
-
-/// What differs between the two sides.
-struct CategorySide {
-    BillKind kind;
-    std::int32_t classes;
-    std::int32_t parties;
-    SqlText partyColumn;
-    const char* partyNumberField;
-    const char* partyNameField;
-    std::string_view firstPartyKey;
-    std::string_view lastPartyKey;
-};
-
-constexpr CategorySide kIncome = {
-    .kind = BillKind::OtherIncome,
-    .classes = item_class::kIncome,
-    .parties = item_class::kCustomer,
-    .partyColumn = "b.FCustID",
-    .partyNumberField = "FCustNumber",
-    .partyNameField = "FCustName",
-    .firstPartyKey = "BCustNumber",
-    .lastPartyKey = "ECustNumber",
-};
-
-constexpr CategorySide kExpense = {
-    .kind = BillKind::Expense,
-    .classes = item_class::kExpense,
-    .parties = item_class::kSupplier,
-    .partyColumn = "b.FSupplyID",
-    .partyNumberField = "FSupplyNumber",
-    .partyNameField = "FSupplyName",
-    .firstPartyKey = "BSupplyNumber",
-    .lastPartyKey = "ESupplyNumber",
-};
-
-Conditions ConditionsOf(const CategorySide& side, const Dictionary& dictionary) {
-    const ReportFilter filter(dictionary);
-    Conditions conditions;
-    conditions.Add({"b.FBillType=?"}, {static_cast<std::int64_t>(side.kind)});
-    AddDayRange(conditions, "b.FDate", filter.Day("DtpBDate"), filter.Day("DtpEDate"));
-    AddCheckState(conditions, "b.FState", filter.Number("CheckState"));
-    AddCodeRange(conditions, "e.FClassID", side.classes, filter.Code("BTypeIn"), filter.Code("ETypeIn"));
-    AddCodeRange(conditions, side.partyColumn, side.parties, filter.Code(side.firstPartyKey),
-                 filter.Code(side.lastPartyKey));
-    AddCodeRange(conditions, "b.FDeptID", item_class::kDepartment, filter.Code("BDeptNumber"),
-                 filter.Code("EDeptNumber"));
-    AddCodeRange(conditions, "b.FEmpID", item_class::kEmployee, filter.Code("BEmpNumber"),
-                 filter.Code("EEmpNumber"));
-    if (!filter.Flag("chkForbiddenTypeInclude")) {
-        conditions.Add({"e.FClassID IN (SELECT FItemID FROM t_Item WHERE FItemClassID=? AND FDeleted=0)"},
-                       {std::int64_t{side.classes}});
-    }
-    AddRights(conditions, side.partyColumn, "t1", ToText(dictionary.Get("DataRightWhere")));
-    return conditions;
-}
 
 struct Row {
     std::int64_t day;
@@ -82,17 +24,13 @@ struct Row {
 /// Rows dealt out by class. They arrive by date and number, and each class keeps them so: no sorting.
 class RowsByClass {
  public:
-    RowsByClass(AccountSet& set, std::int32_t itemClass) {
-        Statement classes(set.database(),
-                          "SELECT FItemID, FName FROM t_Item WHERE FItemClassID=? ORDER BY FNumber");
-        classes.With(itemClass);
-        while (classes.Step()) {
-            place_[classes.Int(0)] = classes_.size();
-            classes_.push_back({classes.Text(1), {}});
+    explicit RowsByClass(const ClassTree& tree) : classes_(tree.classes().size()) {
+        for (const ClassTree::Class& itemClass : tree.classes()) {
+            classes_[itemClass.rank].name = itemClass.name;
         }
     }
-    void Add(std::int64_t itemClass, Row row) {
-        classes_[place_.at(itemClass)].rows.push_back(std::move(row));
+    void Add(const ClassTree::Class& itemClass, Row row) {
+        classes_[itemClass.rank].rows.push_back(std::move(row));
         ++count_;
     }
 
@@ -104,12 +42,9 @@ class RowsByClass {
     std::size_t count() const { return count_; }
 
  private:
-    std::unordered_map<std::int64_t, std::size_t> place_;
-    std::vector<Class> classes_;
+    std::vector<Class> classes_;  // by code
     std::size_t count_ = 0;
 };
-
-Value Yuan(std::int64_t cents) { return static_cast<double>(cents) / 100; }
 
 Ref<RecordSet> MakeRecordSet(const CategorySide& side, RowsByClass& byClass) {
     auto set = MakeRef<ColumnarRecordSet>(
@@ -141,8 +76,9 @@ Ref<RecordSet> MakeRecordSet(const CategorySide& side, RowsByClass& byClass) {
 }
 
 Ref<RecordSet> CategoryDetail(AccountSet& set, const CategorySide& side, const Dictionary& filter) {
-    const Conditions conditions = ConditionsOf(side, filter);
-    // The class's condition is no way into the lines: the bills come in the order of their index.
+    const ClassTree tree(set, side, filter);
+    const Conditions conditions = CategoryBills(side, filter);
+    // Lines of other classes are left out here: the bills come in the order of their index.
     Statement found(set.database(),
                     "SELECT e.FClassID, b.FDate, e.FAmount, e.FSettleAmount, " +
                         std::string(side.partyColumn.view()) +
@@ -150,20 +86,21 @@ Ref<RecordSet> CategoryDetail(AccountSet& set, const CategorySide& side, const D
                         " FROM t_Bill b CROSS JOIN t_ClassEntry e ON e.FBillID=b.FBillID WHERE " +
                         conditions.Text() + " ORDER BY b.FDate, b.FBillNo, b.FBillID, e.FIndex");
     conditions.BindTo(found);
-    const bool shortNumbers = filter.Lookup("bLongNumber") && !ReportFilter(filter).Flag("bLongNumber");
-    ItemTexts items(set, shortNumbers);
+    ItemTexts items(set, ReportFilter(filter).WantsShortNumbers());
     SharedTexts notes;
-    RowsByClass byClass(set, side.classes);
+    RowsByClass byClass(tree);
     while (found.Step()) {
-        byClass.Add(found.Int(0), {.day = found.Int(1),
-                                   .amount = found.Int(2),
-                                   .settled = found.Int(3),
-                                   .party = &items.Of(found.Int(4)),
-                                   .account = &items.Of(found.Int(5)),
-                                   .department = &items.Of(found.Int(6)),
-                                   .employee = &items.Of(found.Int(7)),
-                                   .number = found.Text(8),
-                                   .note = notes.Share(found.Text(9))});
+        const std::size_t place = tree.PlaceOfTaken(found.Int(0));
+        if (place == ClassTree::kNone) continue;
+        byClass.Add(tree.classes()[place], {.day = found.Int(1),
+                                            .amount = found.Int(2),
+                                            .settled = found.Int(3),
+                                            .party = &items.Of(found.Int(4)),
+                                            .account = &items.Of(found.Int(5)),
+                                            .department = &items.Of(found.Int(6)),
+                                            .employee = &items.Of(found.Int(7)),
+                                            .number = found.Text(8),
+                                            .note = notes.Share(found.Text(9))});
     }
     return MakeRecordSet(side, byClass);
 }
@@ -171,11 +108,11 @@ Ref<RecordSet> CategoryDetail(AccountSet& set, const CategorySide& side, const D
 }  // namespace
 
 Ref<RecordSet> IncomeDetail(AccountSet& set, const Dictionary& filter) {
-    return CategoryDetail(set, kIncome, filter);
+    return CategoryDetail(set, kIncomeSide, filter);
 }
 
 Ref<RecordSet> ExpenseDetail(AccountSet& set, const Dictionary& filter) {
-    return CategoryDetail(set, kExpense, filter);
+    return CategoryDetail(set, kExpenseSide, filter);
 }
 
 }  // namespace qor

@@ -4,6 +4,7 @@
 
 #include "embedded/connection.h"
 #include "embedded/income_expense_rows.h"
+#include "embedded/income_expense_totals.h"
 
 namespace qor {
 
@@ -57,7 +58,9 @@ constexpr Member UnansweredStatement() {
 }
 
 constexpr Member kData[] = {
+    ReportMember("GetRpt10521Data", Answer<IncomeSummary>),
     ReportMember("GetRpt10522Data", Answer<IncomeDetail>),
+    ReportMember("GetRpt10523Data", Answer<ExpenseSummary>),
     ReportMember("GetRpt10524Data", Answer<ExpenseDetail>),
     {.name = "GetItemMaxLevel",
      .invoke = [](Object& self, Arguments a) -> Value {
@@ -81,8 +84,6 @@ constexpr Member kData[] = {
     UnansweredStatement<"GetRpt10506DataBySupply">(),
     Unanswered<"GetRpt10507Data">(),
     Unanswered<"GetRpt10508Data">(),
-    Unanswered<"GetRpt10521Data">(),
-    Unanswered<"GetRpt10523Data">(),
     Unanswered<"GetRpt10527Data">(),
     Unanswered<"GetRpt10528Data">(),
     Unanswered<"GetRpt10529Data">(),

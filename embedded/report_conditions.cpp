@@ -53,6 +53,8 @@ std::optional<std::int32_t> ReportFilter::Number(std::string_view key) const {
     return value ? std::optional(ToInt32(*value)) : std::nullopt;
 }
 
+bool ReportFilter::WantsShortNumbers() const { return filter_.Lookup("bLongNumber") && !Flag("bLongNumber"); }
+
 void AddDayRange(Conditions& conditions, SqlText column, std::optional<std::int64_t> first,
                  std::optional<std::int64_t> last) {
     if (first) conditions.Add({column, ">=?"}, {*first});

@@ -52,6 +52,8 @@ class ReportFilter {
     std::string Code(std::string_view key) const;  // without blanks around it; "" for open
     bool Flag(std::string_view key) const;         // false for open
     std::optional<std::int32_t> Number(std::string_view key) const;
+    /// Whether codes are shown by their last part: bLongNumber is given and false.
+    bool WantsShortNumbers() const;
 
  private:
     std::optional<Value> Given(std::string_view key) const;

@@ -1,0 +1,29 @@
+#include "embedded/category_side.h"
+
+#include "embedded/right_clause.h"
+#include "platform/conversions.h"
+
+namespace qor {
+
+Conditions CategoryBills(const CategorySide& side, const Dictionary& dictionary) {
+    const ReportFilter filter(dictionary);
+    Conditions conditions;
+    if (filter.Flag("chkIncludeOther")) {
+        conditions.Add({"b.FBillType IN (?,?)"},
+                       {static_cast<std::int64_t>(side.kind), static_cast<std::int64_t>(side.otherKind)});
+    } else {
+        conditions.Add({"b.FBillType=?"}, {static_cast<std::int64_t>(side.kind)});
+    }
+    AddDayRange(conditions, "b.FDate", filter.Day("DtpBDate"), filter.Day("DtpEDate"));
+    AddCheckState(conditions, "b.FState", filter.Number("CheckState"));
+    AddCodeRange(conditions, side.partyColumn, side.parties, filter.Code(side.firstPartyKey),
+                 filter.Code(side.lastPartyKey));
+    AddCodeRange(conditions, "b.FDeptID", item_class::kDepartment, filter.Code("BDeptNumber"),
+                 filter.Code("EDeptNumber"));
+    AddCodeRange(conditions, "b.FEmpID", item_class::kEmployee, filter.Code("BEmpNumber"),
+                 filter.Code("EEmpNumber"));
+    AddRights(conditions, side.partyColumn, "t1", ToText(dictionary.Get("DataRightWhere")));
+    return conditions;
+}
+
+}  // namespace qor

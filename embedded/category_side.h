@@ -1,0 +1,56 @@
+// The two sides of the reports on income and expense: what differs between them, and which bills the filter
+// of any of the four selects.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "embedded/bill_kinds.h"
+#include "embedded/report_conditions.h"
+
+namespace qor {
+
+struct CategorySide {
+    BillKind kind;
+    BillKind otherKind;  // raises the same account without money, under the same classes
+    std::int32_t classes;
+    std::int32_t parties;
+    SqlText partyColumn;
+    const char* partyNumberField;
+    const char* partyNameField;
+    std::string_view firstPartyKey;
+    std::string_view lastPartyKey;
+    std::string_view groupKey;
+};
+
+inline constexpr CategorySide kIncomeSide = {
+    .kind = BillKind::OtherIncome,
+    .otherKind = BillKind::OtherReceivable,
+    .classes = item_class::kIncome,
+    .parties = item_class::kCustomer,
+    .partyColumn = "b.FCustID",
+    .partyNumberField = "FCustNumber",
+    .partyNameField = "FCustName",
+    .firstPartyKey = "BCustNumber",
+    .lastPartyKey = "ECustNumber",
+    .groupKey = "chkGrouyByCust",
+};
+
+inline constexpr CategorySide kExpenseSide = {
+    .kind = BillKind::Expense,
+    .otherKind = BillKind::OtherPayable,
+    .classes = item_class::kExpense,
+    .parties = item_class::kSupplier,
+    .partyColumn = "b.FSupplyID",
+    .partyNumberField = "FSupplyNumber",
+    .partyNameField = "FSupplyName",
+    .firstPartyKey = "BSupplyNumber",
+    .lastPartyKey = "ESupplyNumber",
+    .groupKey = "chkGrouyBySupply",
+};
+
+/// The conditions on t_Bill b: kind, days, check state, ranges of parties, departments and employees, rights.
+/// The summaries name no such ranges; chkIncludeOther is theirs alone. Of the classes see class_tree.h.
+Conditions CategoryBills(const CategorySide& side, const Dictionary& filter);
+
+}  // namespace qor
