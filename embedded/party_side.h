@@ -23,4 +23,15 @@ constexpr SideSigns SignsOf(BillKind kind, PartySide side) {
     return {row.payable, row.paid, row.advanceOut, row.paid != 0 ? row.target : std::int8_t{0}};
 }
 
+/// Whether a bill is what the filters call other receivables and payables: a claim from no trade in goods.
+constexpr bool IsOtherClaim(BillKind kind) {
+    return kind == BillKind::OtherReceivable || kind == BillKind::OtherPayable ||
+           kind == BillKind::OtherIncome || kind == BillKind::Expense;
+}
+
+/// The class of base data that a side's parties are.
+constexpr std::int32_t PartyClassOf(PartySide side) {
+    return side == PartySide::Customer ? item_class::kCustomer : item_class::kSupplier;
+}
+
 }  // namespace qor

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "embedded/ageing_rows.h"
 #include "embedded/connection.h"
 #include "embedded/income_expense_rows.h"
 #include "embedded/income_expense_totals.h"
@@ -93,7 +94,7 @@ constexpr Member kData[] = {
 
 constexpr Member kData10525[] = {Unanswered<"GetRptData">()};
 constexpr Member kData10526[] = {Unanswered<"GetRptData">()};
-constexpr Member kData10530[] = {Unanswered<"GetRpt10530Data">()};
+constexpr Member kData10530[] = {ReportMember("GetRpt10530Data", Answer<Ageing>)};
 
 }  // namespace
 

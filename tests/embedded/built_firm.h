@@ -52,6 +52,7 @@ class BuiltFirm {
  private:
     void Prepare() {
         database_ = std::make_unique<Database>(file_, Database::Mode::Create);
+        database_->Run("PRAGMA journal_mode=MEMORY; PRAGMA synchronous=OFF");
         writer_ = std::make_unique<BillWriter>(*database_);
         Statement last(*database_, "SELECT ifnull(max(FBillID),0) FROM t_Bill");
         last.Step();

@@ -285,7 +285,6 @@ TEST(ReportData, AReportThatIsNotAnsweredYetHasNoRowsAndLeavesANotice) {
     const std::pair<const char*, const char*> unanswered[] = {
         {"QORMArApRpt.Data", "GetRpt10503Data"},
         {"QORMArApRpt.Data10525", "GetRptData"},
-        {"QORMArApRpt.Data10530", "GetRpt10530Data"},
     };
     for (const auto& [component, member] : unanswered) {
         const std::size_t before = tier.notices().size();
