@@ -10,27 +10,50 @@ namespace qor::windows {
 
 namespace {
 
-/// The library's objects that somebody outside holds, each with its one dispatch object. The library lives
-/// on the host's user-interface thread, and so does this.
-std::unordered_map<Object*, DispatchObject*>& OutwardObjects() {
-    static std::unordered_map<Object*, DispatchObject*> objects;
+/// Everything that is known on both sides now. The library lives on the host's user-interface thread, and so
+/// does this.
+struct KnownObjects {
+    std::unordered_map<Object*, DispatchObject*> outward;   // ours, that somebody outside holds
+    std::unordered_map<IUnknown*, DispatchObject*> own;     // the same by their identities
+    std::unordered_map<IUnknown*, ForeignObject*> foreign;  // others', that somebody here holds
+};
+
+KnownObjects& Known() {
+    static KnownObjects objects;
     return objects;
 }
+
+template <class Key, class Found>
+Found* FindIn(const std::unordered_map<Key*, Found*>& objects, Key* key) {
+    const auto found = objects.find(key);
+    return found == objects.end() ? nullptr : found->second;
+}
+
+IUnknown* IdentityOf(DispatchObject& dispatch) { return static_cast<IDispatch*>(&dispatch); }
 
 }  // namespace
 
 void RememberOutward(Object& object, DispatchObject& dispatch) {
-    OutwardObjects().emplace(&object, &dispatch);
+    Known().outward.emplace(&object, &dispatch);
+    Known().own.emplace(IdentityOf(dispatch), &dispatch);
 }
 
-void ForgetOutward(Object& object) { OutwardObjects().erase(&object); }
+void ForgetOutward(Object& object, DispatchObject& dispatch) {
+    Known().outward.erase(&object);
+    Known().own.erase(IdentityOf(dispatch));
+}
+
+void RememberForeign(IUnknown* identity, ForeignObject& object) {
+    Known().foreign.emplace(identity, &object);
+}
+
+void ForgetForeign(IUnknown* identity) { Known().foreign.erase(identity); }
 
 ComPtr<IDispatch> Outward(Object* object) {
     if (!object) return {};
     Object& identity = object->Identity();
     if (auto* foreign = dynamic_cast<ForeignObject*>(&identity)) return foreign->dispatch();
-    const auto found = OutwardObjects().find(&identity);
-    if (found != OutwardObjects().end()) return found->second;
+    if (DispatchObject* known = FindIn(Known().outward, &identity)) return known;
     ComPtr<IDispatch> made;
     made.Attach(new DispatchObject(identity));
     return made;
@@ -38,12 +61,11 @@ ComPtr<IDispatch> Outward(Object* object) {
 
 Ref<Object> Inward(IDispatch* dispatch) {
     if (!dispatch) return {};
-    // One of ours comes home as itself, whatever interface it was handed back through.
-    ComPtr<IUnknown> own;
-    if (SUCCEEDED(dispatch->QueryInterface(kOwnObject, reinterpret_cast<void**>(own.GetAddressOf())))) {
-        return Ref<Object>(&static_cast<DispatchObject*>(static_cast<IDispatch*>(own.Get()))->object());
-    }
-    return MakeRef<ForeignObject>(dispatch);
+    ComPtr<IUnknown> identity;
+    if (FAILED(dispatch->QueryInterface(IID_PPV_ARGS(&identity)))) identity = dispatch;
+    if (DispatchObject* own = FindIn(Known().own, identity.Get())) return Ref<Object>(&own->object());
+    if (ForeignObject* known = FindIn(Known().foreign, identity.Get())) return Ref<Object>(known);
+    return MakeRef<ForeignObject>(dispatch, identity.Get());
 }
 
 }  // namespace qor::windows

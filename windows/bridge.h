@@ -16,26 +16,17 @@ Value FromVariant(const VARIANT& variant);
 
 /// The dispatch object of one of the library's objects, or the foreign object itself. Null for null.
 ComPtr<IDispatch> Outward(Object* object);
-/// The object behind a dispatch pointer; nothing for null.
+/// The object behind a dispatch pointer: one of the library's own, or one that stands for the other's. The
+/// same object outside is the same object here for as long as it is used. Nothing for null.
 Ref<Object> Inward(IDispatch* dispatch);
 
 /// Puts `value` where a by-reference VARIANT points, converted to the type that stands there.
 HRESULT PutThroughReference(const VARIANT& reference, const Value& value);
 
-/// The number of COM objects that are alive and of locks on the server; the library may go when it is 0.
-class ServerLife {
- public:
-    static void Hold() { InterlockedIncrement(&holds_); }
-    static void Drop() { InterlockedDecrement(&holds_); }
-    static bool IsHeld() { return holds_ != 0; }
-
- private:
-    static inline volatile LONG holds_ = 0;
-};
-
 /// Runs `step`, turning every exception into the HRESULT and the EXCEPINFO that automation knows for it.
 template <class Step>
 HRESULT AtBorder(EXCEPINFO* info, Step&& step) noexcept;
+/// Tells an error in `info`, or, where there is none, in the thread's error object.
 HRESULT FillExcepInfo(EXCEPINFO* info, const Error& error);
 [[noreturn]] void RaiseFromCom(HRESULT result, EXCEPINFO& info);
 

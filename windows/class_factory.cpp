@@ -1,16 +1,16 @@
 #include "windows/class_factory.h"
 
 #include "library.h"
+#include "windows/com_object.h"
 #include "windows/module.h"
 
 namespace qor::windows {
 
 namespace {
 
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public ComObject<IClassFactory> {
  public:
-    explicit ClassFactory(const PublicClass& made) : made_(made) { ServerLife::Hold(); }
-    ~ClassFactory() { ServerLife::Drop(); }
+    explicit ClassFactory(const PublicClass& made) : made_(made) {}
 
     STDMETHODIMP QueryInterface(REFIID id, void** object) override {
         if (!object) return E_POINTER;
@@ -18,12 +18,6 @@ class ClassFactory final : public IClassFactory {
         if (!*object) return E_NOINTERFACE;
         AddRef();
         return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(InterlockedIncrement(&references_)); }
-    STDMETHODIMP_(ULONG) Release() override {
-        const LONG left = InterlockedDecrement(&references_);
-        if (left == 0) delete this;
-        return static_cast<ULONG>(left);
     }
 
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID id, void** object) override {
@@ -42,7 +36,6 @@ class ClassFactory final : public IClassFactory {
 
  private:
     const PublicClass& made_;
-    volatile LONG references_ = 1;
 };
 
 }  // namespace

@@ -4,8 +4,10 @@
 
 #include "windows/enumerator.h"
 #include "windows/event_source.h"
+#include "windows/name_index.h"
 #include "windows/outward_objects.h"
 #include "windows/type_library.h"
+#include "windows/types/class_ids.h"
 
 namespace qor::windows {
 
@@ -63,8 +65,7 @@ class IncomingArguments {
     std::vector<Argument> arguments_;
 };
 
-}  // namespace
-
+// Over the border 0 is the default member; others are the row of the member table and 1.
 DISPID ToDispid(Object& object, MemberId member) {
     return member == object.DefaultMember() ? DISPID_VALUE : member + 1;
 }
@@ -73,25 +74,26 @@ MemberId FromDispid(Object& object, DISPID id) {
     return id == DISPID_VALUE ? object.DefaultMember() : id - 1;
 }
 
-DispatchObject::DispatchObject(Object& object) : object_(&object), events_(EventSource::Of(object, *this)) {
+}  // namespace
+
+DispatchObject::DispatchObject(Object& object)
+    : object_(&object), class_(PublicClassOf(object)), events_(EventSource::Of(object, *this)) {
     RememberOutward(object, *this);
-    ServerLife::Hold();
 }
 
-DispatchObject::~DispatchObject() {
-    ForgetOutward(*object_);
-    ServerLife::Drop();
-}
+DispatchObject::~DispatchObject() { ForgetOutward(*object_, *this); }
 
 HRESULT DispatchObject::QueryInterface(REFIID id, void** object) {
     if (!object) return E_POINTER;
     *object = nullptr;
-    if (id == IID_IUnknown || id == IID_IDispatch || id == kOwnObject || IsInterfaceOf(*object_, id)) {
+    if (id == IID_IUnknown || id == IID_IDispatch || (class_ && id == ToGuid(class_->InterfaceId()))) {
         *object = static_cast<IDispatch*>(this);
     } else if (id == IID_ISupportErrorInfo) {
         *object = static_cast<ISupportErrorInfo*>(this);
     } else if (id == IID_IConnectionPointContainer && events_) {
         *object = static_cast<IConnectionPointContainer*>(this);
+    } else if (class_ && (id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2)) {
+        *object = static_cast<IProvideClassInfo2*>(this);
     } else {
         return E_NOINTERFACE;
     }
@@ -99,30 +101,41 @@ HRESULT DispatchObject::QueryInterface(REFIID id, void** object) {
     return S_OK;
 }
 
-ULONG DispatchObject::AddRef() { return static_cast<ULONG>(InterlockedIncrement(&references_)); }
-
-ULONG DispatchObject::Release() {
-    const LONG left = InterlockedDecrement(&references_);
-    if (left == 0) delete this;
-    return static_cast<ULONG>(left);
-}
-
 HRESULT DispatchObject::GetTypeInfoCount(UINT* count) {
     if (!count) return E_POINTER;
-    *count = TypeInfoOf(*object_) ? 1 : 0;
+    *count = class_ ? 1 : 0;
     return S_OK;
 }
 
 HRESULT DispatchObject::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
     if (!info) return E_POINTER;
-    *info = index == 0 ? TypeInfoOf(*object_).Detach() : nullptr;
+    *info = index == 0 && class_ ? DescriptionOf(class_->InterfaceId()).Detach() : nullptr;
     return *info ? S_OK : DISP_E_BADINDEX;
+}
+
+HRESULT DispatchObject::GetClassInfo(ITypeInfo** info) {
+    if (!info) return E_POINTER;
+    *info = DescriptionOf(class_->ClassId()).Detach();
+    return *info ? S_OK : TYPE_E_CANTLOADLIBRARY;
+}
+
+HRESULT DispatchObject::GetGUID(DWORD kind, GUID* id) {
+    if (!id) return E_POINTER;
+    *id = GUID{};
+    if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID || !events_) return E_INVALIDARG;
+    *id = events_->EventsId();
+    return S_OK;
+}
+
+MemberId DispatchObject::FindMember(const wchar_t* name) {
+    if (!names_) names_ = NameIndex::Of(*object_);
+    return names_ ? names_->Find(name) : object_->FindMember(Narrow(name));
 }
 
 HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
     if (!names || !ids || count == 0) return E_INVALIDARG;
     return AtBorder(nullptr, [&]() -> HRESULT {
-        const MemberId member = object_->FindMember(Narrow(names[0]));
+        const MemberId member = FindMember(names[0]);
         ids[0] = member == kNoMember ? DISPID_UNKNOWN : ToDispid(*object_, member);
         for (UINT i = 1; i < count; ++i) {
             ids[i] = DISPID_UNKNOWN;  // arguments are taken by their place, not by name
@@ -167,14 +180,15 @@ HRESULT DispatchObject::NewEnum(VARIANT* result) {
 HRESULT DispatchObject::InterfaceSupportsErrorInfo(REFIID id) { return id == IID_IDispatch ? S_OK : S_FALSE; }
 
 HRESULT DispatchObject::EnumConnectionPoints(IEnumConnectionPoints** points) {
-    if (points) *points = nullptr;
-    return E_NOTIMPL;  // each class has one, found by its id
+    if (!points) return E_POINTER;
+    *points = nullptr;
+    return AtBorder(nullptr, [&] { return events_->EnumPoints(points); });
 }
 
 HRESULT DispatchObject::FindConnectionPoint(REFIID id, IConnectionPoint** point) {
     if (!point) return E_POINTER;
     *point = nullptr;
-    return events_ ? events_->Find(id, point) : CONNECT_E_NOCONNECTION;
+    return events_->Find(id, point);
 }
 
 }  // namespace qor::windows

@@ -1,69 +1,16 @@
 #include "windows/enumerator.h"
 
-#include <algorithm>
-#include <vector>
-
 #include "platform/dictionary.h"
 #include "platform/vector.h"
+#include "windows/list_enumerator.h"
 
 namespace qor::windows {
 
 namespace {
 
-class Enumerator final : public IEnumVARIANT {
- public:
-    explicit Enumerator(std::vector<Value> items, std::size_t next = 0)
-        : items_(std::move(items)), next_(next) {
-        ServerLife::Hold();
-    }
-    ~Enumerator() { ServerLife::Drop(); }
+VARIANT HandOut(const Value& value) { return ToVariant(value).Detach(); }
 
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-        if (!object) return E_POINTER;
-        *object = id == IID_IUnknown || id == IID_IEnumVARIANT ? this : nullptr;
-        if (!*object) return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(InterlockedIncrement(&references_)); }
-    STDMETHODIMP_(ULONG) Release() override {
-        const LONG left = InterlockedDecrement(&references_);
-        if (left == 0) delete this;
-        return static_cast<ULONG>(left);
-    }
-
-    STDMETHODIMP Next(ULONG count, VARIANT* items, ULONG* fetched) override {
-        return AtBorder(nullptr, [&]() -> HRESULT {
-            ULONG done = 0;
-            for (; done < count && next_ < items_.size(); ++done) {
-                items[done] = ToVariant(items_[next_++]).Detach();
-            }
-            if (fetched) *fetched = done;
-            return done == count ? S_OK : S_FALSE;
-        });
-    }
-    STDMETHODIMP Skip(ULONG count) override {
-        const std::size_t left = items_.size() - next_;
-        next_ += std::min<std::size_t>(count, left);
-        return count <= left ? S_OK : S_FALSE;
-    }
-    STDMETHODIMP Reset() override {
-        next_ = 0;
-        return S_OK;
-    }
-    STDMETHODIMP Clone(IEnumVARIANT** copy) override {
-        if (!copy) return E_POINTER;
-        return AtBorder(nullptr, [&]() -> HRESULT {
-            *copy = new Enumerator(items_, next_);
-            return S_OK;
-        });
-    }
-
- private:
-    std::vector<Value> items_;
-    std::size_t next_;
-    volatile LONG references_ = 1;
-};
+using Enumerator = ListEnumerator<IEnumVARIANT, VARIANT, Value, HandOut>;
 
 }  // namespace
 

@@ -33,12 +33,25 @@ std::string TakeText(BSTR& text) {
     return narrow;
 }
 
+/// What a host that looks at the thread's error object finds, where a call has no room for it.
+void TellThread(const Error& error) {
+    ComPtr<ICreateErrorInfo> made;
+    ComPtr<IErrorInfo> info;
+    if (FAILED(CreateErrorInfo(&made))) return;
+    made->SetSource(Bstr(error.source()).get());
+    made->SetDescription(Bstr(error.description()).get());
+    if (SUCCEEDED(made.As(&info))) SetErrorInfo(0, info.Get());
+}
+
 }  // namespace
 
 HRESULT FillExcepInfo(EXCEPINFO* info, const Error& error) {
     const auto number = static_cast<ULONG>(error.number());
     const HRESULT result = static_cast<HRESULT>(number < 0x10000 ? kAutomationResult | number : number);
-    if (!info) return result;
+    if (!info) {
+        TellThread(error);
+        return result;
+    }
     *info = {};
     info->bstrSource = Bstr(error.source()).Detach();
     info->bstrDescription = Bstr(error.description()).Detach();

@@ -5,11 +5,28 @@
 
 #include "progress/bar.h"
 #include "progress/cls_pass.h"
+#include "windows/list_enumerator.h"
 #include "windows/types/class_ids.h"
 
 namespace qor::windows {
 
 namespace {
+
+using Sink = std::pair<DWORD, ComPtr<IDispatch>>;  // with its cookie
+
+CONNECTDATA HandOutSink(const Sink& sink) {
+    ComPtr<IUnknown> counted = sink.second;
+    return {counted.Detach(), sink.first};
+}
+
+using ConnectionList = ListEnumerator<IEnumConnections, CONNECTDATA, Sink, HandOutSink>;
+
+IConnectionPoint* HandOutPoint(const ComPtr<IConnectionPoint>& point) {
+    return ComPtr<IConnectionPoint>(point).Detach();
+}
+
+using PointList =
+    ListEnumerator<IEnumConnectionPoints, IConnectionPoint*, ComPtr<IConnectionPoint>, HandOutPoint>;
 
 /// One event interface of one object: the sinks that were advised, by cookie.
 class ConnectionPoint : public IConnectionPoint {
@@ -53,12 +70,17 @@ class ConnectionPoint : public IConnectionPoint {
         return sinks_.erase(cookie) ? S_OK : CONNECT_E_NOCONNECTION;
     }
     STDMETHODIMP EnumConnections(IEnumConnections** connections) override {
-        if (connections) *connections = nullptr;
-        return E_NOTIMPL;
+        if (!connections) return E_POINTER;
+        return AtBorder(nullptr, [&]() -> HRESULT {
+            *connections = new ConnectionList({sinks_.begin(), sinks_.end()});
+            return S_OK;
+        });
     }
 
  protected:
     ~ConnectionPoint() = default;
+
+    const GUID& id() const { return events_; }
 
     /// A sink that fails keeps neither the others nor the object from going on.
     void RaiseEvent(DISPID event, std::vector<Value> arguments) {
@@ -85,35 +107,43 @@ class ConnectionPoint : public IConnectionPoint {
     std::map<DWORD, ComPtr<IDispatch>> sinks_;
 };
 
-HRESULT FindPoint(ConnectionPoint& own, REFIID id, IConnectionPoint** point) {
-    IID ownId;
-    own.GetConnectionInterface(&ownId);
-    if (id != ownId && id != IID_IDispatch) return CONNECT_E_NOCONNECTION;
-    own.AddRef();
-    *point = &own;
-    return S_OK;
-}
-
-class BarSource final : public EventSource, private ConnectionPoint, private BarEvents {
+/// An object's only connection point is its source of events.
+class OnePointSource : public EventSource, protected ConnectionPoint {
  public:
-    BarSource(Bar& bar, IDispatch& owner) : ConnectionPoint(owner, ToGuid(kBarEventsId)), bar_(bar) {
+    HRESULT Find(REFIID id, IConnectionPoint** point) override {
+        if (id != EventsId() && id != IID_IDispatch) return CONNECT_E_NOCONNECTION;
+        AddRef();
+        *point = this;
+        return S_OK;
+    }
+    HRESULT EnumPoints(IEnumConnectionPoints** points) override {
+        *points = new PointList({ComPtr<IConnectionPoint>(static_cast<IConnectionPoint*>(this))});
+        return S_OK;
+    }
+    GUID EventsId() const override { return id(); }
+
+ protected:
+    using ConnectionPoint::ConnectionPoint;
+};
+
+class BarSource final : public OnePointSource, private BarEvents {
+ public:
+    BarSource(Bar& bar, IDispatch& owner) : OnePointSource(owner, ToGuid(kBarEventsId)), bar_(bar) {
         bar_.Connect(*this);
     }
     ~BarSource() override { bar_.Disconnect(*this); }
-    HRESULT Find(REFIID id, IConnectionPoint** point) override { return FindPoint(*this, id, point); }
 
  private:
     void Active() override { RaiseEvent(1, {}); }
     Bar& bar_;
 };
 
-class PassSource final : public EventSource, private ConnectionPoint, private ClsPassEvents {
+class PassSource final : public OnePointSource, private ClsPassEvents {
  public:
-    PassSource(clsPass& pass, IDispatch& owner) : ConnectionPoint(owner, ToGuid(kPassEventsId)), pass_(pass) {
+    PassSource(clsPass& pass, IDispatch& owner) : OnePointSource(owner, ToGuid(kPassEventsId)), pass_(pass) {
         pass_.Connect(*this);
     }
     ~PassSource() override { pass_.Disconnect(*this); }
-    HRESULT Find(REFIID id, IConnectionPoint** point) override { return FindPoint(*this, id, point); }
 
  private:
     void SetBarMaxValue(std::int32_t value) override { RaiseEvent(1, {value}); }

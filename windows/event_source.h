@@ -16,6 +16,9 @@ class EventSource {
     /// The connection point of an event interface; CONNECT_E_NOCONNECTION for any other.
     virtual HRESULT Find(REFIID id, IConnectionPoint** point) = 0;
 
+    virtual HRESULT EnumPoints(IEnumConnectionPoints** points) = 0;
+    virtual GUID EventsId() const = 0;
+
     /// The events of an object that raises any; null for all others. Lives as long as `owner`.
     static std::unique_ptr<EventSource> Of(Object& object, IDispatch& owner);
 };

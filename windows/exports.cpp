@@ -2,14 +2,17 @@
 #include <wctype.h>
 
 #include "windows/class_factory.h"
+#include "windows/com_object.h"
 #include "windows/module.h"
 #include "windows/registration.h"
+#include "windows/type_library.h"
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
     if (reason == DLL_PROCESS_ATTACH) {
         qor::windows::RememberModule(module);
         DisableThreadLibraryCalls(module);
     }
+    if (reason == DLL_PROCESS_DETACH) qor::windows::AbandonComponentProcess();
     return TRUE;
 }
 
@@ -21,8 +24,8 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID interfaceId, LPVOID* factory) 
 STDAPI DllCanUnloadNow() {
     if (qor::windows::ServerLife::IsHeld()) return S_FALSE;
     return qor::windows::AtBorder(nullptr, [] {
-        qor::windows::ReleaseComponentProcess();
-        return S_OK;
+        qor::windows::ReleaseTypeLibrary();
+        return qor::windows::ReleaseComponentProcess() ? S_OK : S_FALSE;
     });
 }
 

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "windows/outward_objects.h"
+
 namespace qor::windows {
 
 namespace {
@@ -30,11 +32,14 @@ bool IsUnknownWay(HRESULT result) { return result == DISP_E_MEMBERNOTFOUND || re
 
 }  // namespace
 
-ForeignObject::ForeignObject(IDispatch* dispatch) : dispatch_(dispatch) {
+ForeignObject::ForeignObject(IDispatch* dispatch, IUnknown* identity)
+    : dispatch_(dispatch), identity_(identity) {
     dispatch_->QueryInterface(IID_PPV_ARGS(&dispatchEx_));
+    RememberForeign(identity_, *this);
 }
 
 ForeignObject::~ForeignObject() {
+    if (identity_) ForgetForeign(identity_);
     if (borrowed_) dispatch_.Detach();
 }
 

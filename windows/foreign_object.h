@@ -12,7 +12,8 @@ namespace qor::windows {
 
 class ForeignObject final : public Object {
  public:
-    explicit ForeignObject(IDispatch* dispatch);
+    /// `identity` is what the object answers for IUnknown.
+    ForeignObject(IDispatch* dispatch, IUnknown* identity);
     ~ForeignObject() override;
     /// An object that is used without a reference to it: its owner keeps it for longer than we use it.
     static Ref<Object> Borrowed(IDispatch* dispatch);
@@ -31,6 +32,7 @@ class ForeignObject final : public Object {
     HRESULT InvokeAs(MemberId member, WORD flags, DISPPARAMS& parameters, VARIANT* result, EXCEPINFO& info);
 
     ComPtr<IDispatch> dispatch_;
+    IUnknown* identity_ = nullptr;    // stands as long as `dispatch_` does; null for a borrowed object
     ComPtr<IDispatchEx> dispatchEx_;  // script classes of a host answer only this one
     bool borrowed_ = false;
     std::unordered_map<std::string, MemberId> members_;  // looked up once

@@ -9,6 +9,7 @@ namespace qor::windows {
 namespace {
 
 struct Component {
+    const DWORD thread = GetCurrentThreadId();
     WindowsPlatform platform;
     Process process{platform};
 };
@@ -38,6 +39,12 @@ Process& ComponentProcess() {
     return component_->process;
 }
 
-void ReleaseComponentProcess() { component_.reset(); }
+bool ReleaseComponentProcess() {
+    if (component_ && component_->thread != GetCurrentThreadId()) return false;
+    component_.reset();
+    return true;
+}
+
+void AbandonComponentProcess() { (void)component_.release(); }
 
 }  // namespace qor::windows

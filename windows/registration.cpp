@@ -81,7 +81,30 @@ LSTATUS RemoveKey(HKEY root, const std::wstring& key) {
     return status == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : status;
 }
 
+/// The description of the other width's component may stand beside ours, in the same key.
+constexpr SYSKIND kOwnWidth = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
+constexpr const wchar_t* kOtherWidth = sizeof(void*) == 8 ? L"\\1.0\\0\\win32" : L"\\1.0\\0\\win64";
+
+void UnregisterTypes(HKEY root) {
+    const GUID id = ToGuid(kLibraryId);
+    if (root == HKEY_LOCAL_MACHINE) {
+        UnRegisterTypeLib(id, kMajor, kMinor, LOCALE_NEUTRAL, kOwnWidth);
+    } else {
+        using UnregisterForUser = HRESULT(WINAPI*)(REFGUID, WORD, WORD, LCID, SYSKIND);
+        if (const auto unregister = TypeLibraryFunction<UnregisterForUser>("UnRegisterTypeLibForUser"))
+            unregister(id, kMajor, kMinor, LOCALE_NEUTRAL, kOwnWidth);
+    }
+    const std::wstring key = L"TypeLib\\" + BracedId(kLibraryId);
+    HKEY other = nullptr;
+    if (RegOpenKeyExW(root, (kClasses + key + kOtherWidth).c_str(), 0, KEY_READ, &other) == ERROR_SUCCESS) {
+        RegCloseKey(other);
+    } else {
+        RemoveKey(root, key);
+    }
+}
+
 HRESULT UnregisterFrom(HKEY root) {
+    UnregisterTypes(root);
     LSTATUS worst = ERROR_SUCCESS;
     for (const PublicClass& publicClass : PublicClasses()) {
         for (const std::wstring& key :
@@ -92,7 +115,6 @@ HRESULT UnregisterFrom(HKEY root) {
     }
     RemoveKey(root, L"Interface\\" + BracedId(kBarEventsId));
     RemoveKey(root, L"Interface\\" + BracedId(kPassEventsId));
-    RemoveKey(root, L"TypeLib\\" + BracedId(kLibraryId));
     return HRESULT_FROM_WIN32(static_cast<unsigned long>(worst));
 }
 

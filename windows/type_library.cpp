@@ -1,29 +1,26 @@
 #include "windows/type_library.h"
 
 #include "windows/module.h"
-#include "windows/types/class_ids.h"
 
 namespace qor::windows {
 
+namespace {
+
+ComPtr<ITypeLib> library_;
+
+}  // namespace
+
 ComPtr<ITypeLib> EmbeddedTypeLibrary() {
-    ComPtr<ITypeLib> library;
-    if (FAILED(LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, &library))) return {};
-    return library;
+    if (!library_ && FAILED(LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, &library_))) library_.Reset();
+    return library_;
 }
 
-ComPtr<ITypeInfo> TypeInfoOf(const Object& object) {
-    const PublicClass* publicClass = PublicClassOf(object);
-    if (!publicClass) return {};
+ComPtr<ITypeInfo> DescriptionOf(const ComponentId& id) {
     ComPtr<ITypeInfo> info;
-    if (const ComPtr<ITypeLib> library = EmbeddedTypeLibrary()) {
-        library->GetTypeInfoOfGuid(ToGuid(publicClass->InterfaceId()), &info);
-    }
+    if (const ComPtr<ITypeLib> library = EmbeddedTypeLibrary()) library->GetTypeInfoOfGuid(ToGuid(id), &info);
     return info;
 }
 
-bool IsInterfaceOf(const Object& object, REFIID id) {
-    const PublicClass* publicClass = PublicClassOf(object);
-    return publicClass && ToGuid(publicClass->InterfaceId()) == id;
-}
+void ReleaseTypeLibrary() { library_.Reset(); }
 
 }  // namespace qor::windows

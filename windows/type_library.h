@@ -1,15 +1,15 @@
 // The embedded type library, by which early-bound hosts and object browsers see the classes.
 #pragma once
 
-#include "windows/bridge.h"
+#include "windows/handles.h"
 
 namespace qor::windows {
 
-/// The type library bound into this module; null where it cannot be loaded.
+/// The type library bound into this module, loaded at the first use; null where it cannot be.
 ComPtr<ITypeLib> EmbeddedTypeLibrary();
-/// The description of a public class's members; null for other objects.
-ComPtr<ITypeInfo> TypeInfoOf(const Object& object);
-/// Whether `id` is the member interface of the object's class.
-bool IsInterfaceOf(const Object& object, REFIID id);
+/// The description of one of its classes or interfaces; null where there is none.
+ComPtr<ITypeInfo> DescriptionOf(const ComponentId& id);
+/// Lets go of the library.
+void ReleaseTypeLibrary();
 
 }  // namespace qor::windows

@@ -11,11 +11,21 @@ namespace qor::windows {
 
 namespace {
 
-constexpr std::string_view kDictionaryName = "QRB.Dictionary", kVectorName = "QRB.Vector";
-
-bool IsRegistered(std::string_view name) {
+/// The class object of a component; null where none is registered under the name.
+ComPtr<IClassFactory> ClassObjectOf(const wchar_t* name) {
     CLSID id;
-    return SUCCEEDED(CLSIDFromProgID(Wide(name).c_str(), &id));
+    ComPtr<IClassFactory> factory;
+    if (FAILED(CLSIDFromProgID(name, &id)) ||
+        FAILED(CoGetClassObject(id, CLSCTX_ALL, nullptr, IID_PPV_ARGS(&factory)))) {
+        return {};
+    }
+    return factory;
+}
+
+Ref<Object> CreateBy(IClassFactory& factory) {
+    ComPtr<IDispatch> made;
+    if (FAILED(factory.CreateInstance(nullptr, IID_PPV_ARGS(&made)))) Raise(Automation::CannotCreate);
+    return Inward(made.Get());
 }
 
 Ref<Object> CreateByName(std::string_view name) {
@@ -32,8 +42,8 @@ Ref<Object> CreateByName(std::string_view name) {
 
 WindowsPlatform::WindowsPlatform()
     : schemes_(UserSchemeFile()),
-      hasDictionary_(IsRegistered(kDictionaryName)),
-      hasVector_(IsRegistered(kVectorName)) {}
+      dictionaries_(ClassObjectOf(L"QRB.Dictionary")),
+      vectors_(ClassObjectOf(L"QRB.Vector")) {}
 
 Ref<Object> WindowsPlatform::CreateComponent(std::string_view name) {
     if (Ref<Object> own = CreateReportClass(ComponentProcess(), name)) return own;
@@ -57,13 +67,13 @@ Ref<Object> WindowsPlatform::ProcessBag() {
 }
 
 Ref<Dictionary> WindowsPlatform::NewDictionary() {
-    if (!hasDictionary_) return Platform::NewDictionary();
-    return MakeRef<LateBoundDictionary>(CreateByName(kDictionaryName));
+    if (!dictionaries_) return Platform::NewDictionary();
+    return MakeRef<LateBoundDictionary>(CreateBy(*dictionaries_.Get()));
 }
 
 Ref<Vector> WindowsPlatform::NewVector() {
-    if (!hasVector_) return Platform::NewVector();
-    return MakeRef<LateBoundVector>(CreateByName(kVectorName));
+    if (!vectors_) return Platform::NewVector();
+    return MakeRef<LateBoundVector>(CreateBy(*vectors_.Get()));
 }
 
 std::unique_ptr<PlainFrame> WindowsPlatform::NewPlainFrame(PlainFrameHost& form) {

@@ -1,10 +1,9 @@
 // WindowsPlatform: the library's surroundings inside a host's process on Windows.
 #pragma once
 
-#include <optional>
-
 #include "frames/file_scheme_store.h"
 #include "platform/platform.h"
+#include "windows/handles.h"
 #include "windows/native_windows.h"
 
 namespace qor::windows {
@@ -27,8 +26,9 @@ class WindowsPlatform final : public Platform {
  private:
     NativeWindows windows_;
     FileSchemeStore schemes_;
-    bool hasDictionary_ = false;
-    bool hasVector_ = false;
+    // The class objects of the foundation library, asked for once; null where it is not registered.
+    ComPtr<IClassFactory> dictionaries_;
+    ComPtr<IClassFactory> vectors_;
 };
 
 }  // namespace qor::windows

@@ -52,7 +52,10 @@ void CheckArguments(const Member& row, Arguments arguments) {
     for (std::size_t i = 0; i < count; ++i) {
         const bool given = i < arguments.size() && !arguments[i].IsMissing();
         if (!given && !row.parameters[i].optional) Raise(Automation::ArgumentNotOptional);
-        if (given) ConvertArgument(arguments[i], row.parameters[i]);
+        if (!given) continue;
+        // A caller's variable is its own: only a parameter by reference may leave something in it.
+        if (arguments[i].IsByRef() && !row.parameters[i].byReference) arguments[i] = Value(*arguments[i]);
+        ConvertArgument(arguments[i], row.parameters[i]);
     }
 }
 

@@ -1,0 +1,61 @@
+// ListEnumerator: any of automation's enumerators over a list that was taken down when it was made.
+#pragma once
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "windows/bridge.h"
+#include "windows/com_object.h"
+
+namespace qor::windows {
+
+/// `HandOut` makes of a kept item what goes to the caller, with a reference of its own.
+template <class Interface, class Item, class Kept, auto HandOut>
+class ListEnumerator final : public ComObject<Interface> {
+ public:
+    explicit ListEnumerator(std::vector<Kept> items, std::size_t next = 0)
+        : items_(std::move(items)), next_(next) {}
+
+    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+        if (!object) return E_POINTER;
+        *object = id == IID_IUnknown || id == __uuidof(Interface) ? this : nullptr;
+        if (!*object) return E_NOINTERFACE;
+        this->AddRef();
+        return S_OK;
+    }
+
+    STDMETHODIMP Next(ULONG count, Item* items, ULONG* fetched) override {
+        if (!items || (!fetched && count != 1)) return E_POINTER;
+        return AtBorder(nullptr, [&]() -> HRESULT {
+            ULONG done = 0;
+            for (; done < count && next_ < items_.size(); ++done) {
+                items[done] = HandOut(items_[next_++]);
+            }
+            if (fetched) *fetched = done;
+            return done == count ? S_OK : S_FALSE;
+        });
+    }
+    STDMETHODIMP Skip(ULONG count) override {
+        const std::size_t left = items_.size() - next_;
+        next_ += std::min<std::size_t>(count, left);
+        return count <= left ? S_OK : S_FALSE;
+    }
+    STDMETHODIMP Reset() override {
+        next_ = 0;
+        return S_OK;
+    }
+    STDMETHODIMP Clone(Interface** copy) override {
+        if (!copy) return E_POINTER;
+        return AtBorder(nullptr, [&]() -> HRESULT {
+            *copy = new ListEnumerator(items_, next_);
+            return S_OK;
+        });
+    }
+
+ private:
+    std::vector<Kept> items_;
+    std::size_t next_;
+};
+
+}  // namespace qor::windows
