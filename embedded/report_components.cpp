@@ -6,6 +6,8 @@
 #include "embedded/connection.h"
 #include "embedded/income_expense_rows.h"
 #include "embedded/income_expense_totals.h"
+#include "embedded/money_movements.h"
+#include "embedded/settlement_lists.h"
 
 namespace qor {
 
@@ -59,6 +61,8 @@ constexpr Member UnansweredStatement() {
 }
 
 constexpr Member kData[] = {
+    ReportMember("GetRpt10501Data", Answer<MoneyMovements>),
+    ReportMember("GetRpt10501DataRollUp", Answer<AccountMovements>),
     ReportMember("GetRpt10521Data", Answer<IncomeSummary>),
     ReportMember("GetRpt10522Data", Answer<IncomeDetail>),
     ReportMember("GetRpt10523Data", Answer<ExpenseSummary>),
@@ -75,8 +79,6 @@ constexpr Member kData[] = {
      },
      .result = ParameterType::Object,
      .parameters = {{kProps, {"Statement", ParameterType::Text, true}}}},
-    Unanswered<"GetRpt10501Data">(),
-    Unanswered<"GetRpt10501DataRollUp">(),
     Unanswered<"GetRpt10502Data">(),
     Unanswered<"GetRpt10503Data">(),
     Unanswered<"GetRpt10504Data">(),
@@ -92,8 +94,8 @@ constexpr Member kData[] = {
     Unanswered<"GetRpt10532Data">(),
 };
 
-constexpr Member kData10525[] = {Unanswered<"GetRptData">()};
-constexpr Member kData10526[] = {Unanswered<"GetRptData">()};
+constexpr Member kData10525[] = {ReportMember("GetRptData", Answer<ReceiptList>)};
+constexpr Member kData10526[] = {ReportMember("GetRptData", Answer<PaymentList>)};
 constexpr Member kData10530[] = {ReportMember("GetRpt10530Data", Answer<Ageing>)};
 
 }  // namespace

@@ -17,6 +17,13 @@ void Conditions::Add(std::initializer_list<SqlText> pieces, std::vector<BoundVal
     }
 }
 
+void Conditions::Add(const Conditions& others) {
+    if (others.text_.empty()) return;
+    if (!text_.empty()) text_ += " AND ";
+    text_ += others.text_;
+    values_.insert(values_.end(), others.values_.begin(), others.values_.end());
+}
+
 void Conditions::BindTo(Statement& statement) const {
     int index = 0;
     for (const BoundValue& value : values_) {

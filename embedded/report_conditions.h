@@ -33,6 +33,8 @@ class Conditions {
 
     /// Joins the pieces into one condition.
     void Add(std::initializer_list<SqlText> pieces, std::vector<BoundValue> values = {});
+    /// Takes over all conditions of others.
+    void Add(const Conditions& others);
     /// "a AND b"; "1" where there is no condition.
     std::string Text() const { return text_.empty() ? "1" : text_; }
     void BindTo(Statement& statement) const;

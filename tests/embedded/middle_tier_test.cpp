@@ -284,7 +284,6 @@ TEST(ReportData, AReportThatIsNotAnsweredYetHasNoRowsAndLeavesANotice) {
     MiddleTier tier(test::SampleFile());
     const std::pair<const char*, const char*> unanswered[] = {
         {"QORMArApRpt.Data", "GetRpt10503Data"},
-        {"QORMArApRpt.Data10525", "GetRptData"},
     };
     for (const auto& [component, member] : unanswered) {
         const std::size_t before = tier.notices().size();
