@@ -24,12 +24,12 @@ void Conditions::Add(const Conditions& others) {
     values_.insert(values_.end(), others.values_.begin(), others.values_.end());
 }
 
-void Conditions::BindTo(Statement& statement) const {
-    int index = 0;
+int Conditions::BindTo(Statement& statement, int first) const {
     for (const BoundValue& value : values_) {
-        ++index;
-        std::visit([&](const auto& bound) { statement.Bind(index, bound); }, value);
+        std::visit([&](const auto& bound) { statement.Bind(first, bound); }, value);
+        ++first;
     }
+    return first;
 }
 
 std::optional<Value> ReportFilter::Given(std::string_view key) const {

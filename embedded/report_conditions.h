@@ -37,7 +37,8 @@ class Conditions {
     void Add(const Conditions& others);
     /// "a AND b"; "1" where there is no condition.
     std::string Text() const { return text_.empty() ? "1" : text_; }
-    void BindTo(Statement& statement) const;
+    /// Binds them from parameter `first` on; answers the next free one.
+    int BindTo(Statement& statement, int first = 1) const;
 
  private:
     std::string text_;

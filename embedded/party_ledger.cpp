@@ -1,0 +1,178 @@
+#include "embedded/party_ledger.h"
+
+#include "embedded/right_clause.h"
+#include "platform/conversions.h"
+
+namespace qor {
+
+namespace {
+
+constexpr std::size_t kFewParties = 64;  // up to here a party's bills are looked up one party at a time
+
+/// The columns that decide whether a bill counts: of a bill, and of the consignment that it goes back to.
+struct BillColumns {
+    SqlText id, state, department, employee;
+};
+constexpr BillColumns kBill = {"b.FBillID", "b.FState", "b.FDeptID", "b.FEmpID"};
+constexpr BillColumns kConsignment = {"r.FBillID", "r.FState", "r.FDeptID", "r.FEmpID"};
+
+void AddBillConditions(Conditions& conditions, const BillColumns& columns, const LedgerQuery& query) {
+    AddCheckState(conditions, columns.state, query.checkState);
+    AddCodeRange(conditions, columns.department, item_class::kDepartment, query.departments.first,
+                 query.departments.last);
+    AddCodeRange(conditions, columns.employee, item_class::kEmployee, query.employees.first,
+                 query.employees.last);
+    for (const HeadFieldText& field : query.headFields) {
+        const SqlText holds =
+            field.somewhere ? SqlText("instr(lower(FText),lower(?))>0") : SqlText("FText=? COLLATE NOCASE");
+        conditions.Add(
+            {columns.id, " IN (SELECT FBillID FROM t_BillHeadField WHERE FIndex=? AND ", holds, ")"},
+            {std::int64_t{field.index}, field.text});
+    }
+}
+
+/// The consignment that a bill settles counts itself, and so has been raised already.
+Conditions SettledConsignment(const LedgerQuery& query) {
+    Conditions conditions;
+    conditions.Add({"r.FBillID=b.FRelatedID AND r.FCustID=b.FCustID AND r.FDate<=b.FDate"});
+    conditions.Add({"r.FBillType=?"}, {static_cast<std::int64_t>(BillKind::Consignment)});
+    AddBillConditions(conditions, kConsignment, query);
+    return conditions;
+}
+
+bool IsWriteOff(BillKind kind) {
+    return kind >= BillKind::AdvanceToReceivable && kind <= BillKind::PayableTransfer;
+}
+
+SideSigns CountedSigns(BillKind kind, PartySide side, const LedgerSwitches& switches) {
+    constexpr SideSigns kRaises = {1, 0, 0, 0};
+    const bool selling = side == PartySide::Customer;
+    switch (kind) {
+        case BillKind::Consignment:
+            return selling && switches.consignments ? kRaises : SideSigns{};
+        case BillKind::Estimate:
+        case BillKind::EstimateReversal:
+            return !selling && switches.estimates ? kRaises : SideSigns{};
+        case BillKind::OtherReceivable:
+        case BillKind::OtherPayable:
+            return switches.others ? SignsOf(kind, side) : SideSigns{};
+        case BillKind::SaleRebate:
+        case BillKind::PurchaseRebate:
+            return switches.rebates ? SignsOf(kind, side) : SideSigns{};
+        default:
+            return IsWriteOff(kind) && !switches.writeOffs ? SideSigns{} : SignsOf(kind, side);
+    }
+}
+
+}  // namespace
+
+LedgerQuery LedgerQueryOf(PartySide side, const Dictionary& dictionary) {
+    const ReportFilter filter(dictionary);
+    return {.side = side,
+            .lastDay = filter.Day("EDate"),
+            .checkState = filter.Number("CheckState"),
+            .departments = {filter.Code("BDeptNumber"), filter.Code("EDeptNumber")},
+            .employees = {filter.Code("BEmpNumber"), filter.Code("EEmpNumber")},
+            .rights = ToText(dictionary.Get("DataRightWhere"))};
+}
+
+PartyLedger::PartyLedger(AccountSet& set, const LedgerQuery& query, SqlText more) {
+    for (const BillKindRow& row : kBillKinds) {
+        signs_[static_cast<std::size_t>(row.kind)] = CountedSigns(row.kind, query.side, query.switches);
+    }
+    ReadParties(set, query);
+    if (!parties_.empty()) OpenRows(set, query, more);
+}
+
+void PartyLedger::ReadParties(AccountSet& set, const LedgerQuery& query) {
+    const std::int32_t itemClass =
+        query.side == PartySide::Customer ? item_class::kCustomer : item_class::kSupplier;
+    Conditions conditions;
+    conditions.Add({"i.FItemClassID=?"}, {std::int64_t{itemClass}});
+    AddCodeRange(conditions, "i.FItemID", itemClass, query.parties.first, query.parties.last);
+    AddRights(conditions, "i.FItemID", query.rightsAlias, query.rights);
+    Statement found(set.database(), "SELECT i.FItemID, i.FDetail=1 AND i.FDeleted=0 FROM t_Item i WHERE " +
+                                        conditions.Text() + " ORDER BY i.FNumber");
+    conditions.BindTo(found);
+    while (found.Step()) {
+        places_[found.Int(0)] = parties_.size();
+        parties_.push_back({.id = found.Int(0), .current = found.Int(1) != 0});
+    }
+}
+
+void PartyLedger::OpenRows(AccountSet& set, const LedgerQuery& query, SqlText more) {
+    const bool selling = query.side == PartySide::Customer;
+    const SqlText party = selling ? SqlText("b.FCustID") : SqlText("b.FSupplyID");
+    Conditions conditions, settled;
+    AddDayRange(conditions, "b.FDate", std::nullopt, query.lastDay);
+    AddBillConditions(conditions, kBill, query);
+    const bool few = parties_.size() <= kFewParties;
+    if (few) {
+        constexpr SqlText kBetween =
+            " IN (SELECT FItemID FROM t_Item WHERE FItemClassID=(SELECT FItemClassID FROM t_Item WHERE "
+            "FItemID=?)"
+            " AND FNumber BETWEEN (SELECT FNumber FROM t_Item WHERE FItemID=?)"
+            " AND (SELECT FNumber FROM t_Item WHERE FItemID=?))";
+        const std::int64_t first = parties_.front().id, last = parties_.back().id;
+        conditions.Add({"(", party, kBetween, " OR b.FToPartyID", kBetween, ")"},
+                       {first, first, last, first, first, last});
+    }
+    std::string raisedAlready = "0";
+    if (selling && query.switches.consignments) {
+        settled = SettledConsignment(query);
+        raisedAlready = "CASE WHEN b.FRelatedID IS NULL THEN 0 ELSE EXISTS(SELECT 1 FROM t_Bill r WHERE " +
+                        settled.Text() + ") END";
+    }
+    rows_.emplace(set.database(), "SELECT b.FBillType, " + std::string(party.view()) +
+                                      ", b.FToPartyID, b.FBillID, b.FDate, b.FAmount, b.FSettleAmount, "
+                                      "b.FDiscount, " +
+                                      raisedAlready + std::string(more.view()) + " FROM t_Bill b " +
+                                      (few ? "" : "NOT INDEXED ") + "WHERE " + conditions.Text());
+    conditions.BindTo(*rows_, settled.BindTo(*rows_));
+}
+
+const std::size_t* PartyLedger::PlaceOf(std::int64_t party) const {
+    const auto found = party == 0 ? places_.end() : places_.find(party);
+    return found == places_.end() ? nullptr : &found->second;
+}
+
+LedgerSums PartyLedger::SumsOf(const SideSigns& signs) const {
+    const std::int64_t amount = rows_->Int(5), atOnce = rows_->Int(6), discount = rows_->Int(7);
+    const bool raisedAlready = rows_->Int(8) != 0;
+    return {.raised = raisedAlready ? 0 : signs.raised * amount,
+            .settled = signs.settled * (amount + discount) + signs.raised * atOnce,
+            .advance = signs.advance * amount};
+}
+
+bool PartyLedger::Next() {
+    if (second_) {
+        movement_ = *second_;
+        second_.reset();
+        return true;
+    }
+    while (rows_ && rows_->Step()) {
+        const auto kind = static_cast<std::size_t>(rows_->Int(0));
+        const SideSigns& signs = signs_[kind < kKinds ? kind : 0];
+        if (!signs.Any()) continue;
+        const std::size_t* own = PlaceOf(rows_->Int(1));
+        const std::size_t* target = signs.target == 0 ? nullptr : PlaceOf(rows_->Int(2));
+        if (!own && !target) continue;
+        movement_ = {.party = 0,
+                     .bill = rows_->Int(3),
+                     .kind = static_cast<BillKind>(kind),
+                     .day = rows_->Int(4),
+                     .sums = {}};
+        if (target) {
+            second_ = movement_;
+            second_->party = *target;
+            second_->sums.raised = signs.target * rows_->Int(5);
+        }
+        if (!own) return Next();
+        movement_.party = *own;
+        movement_.sums = SumsOf(signs);
+        return true;
+    }
+    return false;
+}
+
+}  // namespace qor
