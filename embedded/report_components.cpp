@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "embedded/ageing_rows.h"
+#include "embedded/cash_rows.h"
 #include "embedded/connection.h"
 #include "embedded/income_expense_rows.h"
 #include "embedded/income_expense_totals.h"
@@ -67,6 +68,8 @@ constexpr Member kData[] = {
     ReportMember("GetRpt10522Data", Answer<IncomeDetail>),
     ReportMember("GetRpt10523Data", Answer<ExpenseSummary>),
     ReportMember("GetRpt10524Data", Answer<ExpenseDetail>),
+    ReportMember("GetRpt10528Data", Answer<CashJournal>),
+    ReportMember("GetRpt10529Data", Answer<CashLedger>),
     {.name = "GetItemMaxLevel",
      .invoke = [](Object& self, Arguments a) -> Value {
          return ServerOf(self).accountSet.DeepestLevel(a[1]->int32());
@@ -88,8 +91,6 @@ constexpr Member kData[] = {
     Unanswered<"GetRpt10507Data">(),
     Unanswered<"GetRpt10508Data">(),
     Unanswered<"GetRpt10527Data">(),
-    Unanswered<"GetRpt10528Data">(),
-    Unanswered<"GetRpt10529Data">(),
     Unanswered<"GetRpt10531Data">(),
     Unanswered<"GetRpt10532Data">(),
 };

@@ -3,32 +3,12 @@
 
 #include <cmath>
 
-#include "embedded/sample_fixture.h"
-#include "platform/conversions.h"
-#include "support/report_host.h"
+#include "embedded/served_host.h"
 
 namespace qor {
 namespace {
 
-/// A host whose server components are those of a middle tier on the sample firm.
-struct ServedHost : test::ReportHost {
-    explicit ServedHost(std::int32_t user = 1) : tier(test::SampleFile(), user) {
-        for (const char* name :
-             {"QORPropsMgr.ShareProps", "QORMtsCacheService.CacheFacade", "QOREBSBase.SystemProfile",
-              "QOREBSBase.SecurityInfo", "QORMAppConnection.AppConnection", "QOREBCGLView.GLData",
-              "QOREBCGLView.GLView", "QOREBCBASE.UserProfile", "ZEP_APFC.FrameData",
-              "QORGLNameListLib2.GLNameList", "QORMArApRpt.Data"}) {
-            platform.Remove(name);
-        }
-        platform.makeClass = [this, library = platform.makeClass](std::string_view name) {
-            Ref<Object> component = tier.Create(name);
-            return component ? component : library(name);
-        };
-        platform.now = *DateFromCalendar(2025, 6, 30);
-    }
-
-    MiddleTier tier;
-};
+using test::ServedHost;
 
 TEST(WholeRun, TheServicesUnderstandTheirServer) {
     ServedHost host(16);

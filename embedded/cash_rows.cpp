@@ -1,0 +1,125 @@
+#include "embedded/cash_rows.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "embedded/cash_book.h"
+#include "embedded/item_texts.h"
+#include "embedded/money.h"
+
+namespace qor {
+
+namespace {
+
+constexpr SqlText kJournalColumns =
+    ", b.FBillID, ifnull(b.FCustID,b.FSupplyID), b.FDeptID, b.FEmpID, b.FBillNo, b.FExplanation";
+
+/// The movements of the period, dealt out by account.
+class Journal {
+ public:
+    struct Row {
+        CashBook::Movement movement;
+        std::int64_t bill;
+        const ItemTexts::Texts* party;
+        const ItemTexts::Texts* department;
+        const ItemTexts::Texts* employee;
+        Value number, explanation;
+    };
+
+    Journal(AccountSet& set, CashBook& book) : items_(set, false), accounts_(book.accounts().size()) {
+        book.Read(kJournalColumns, [this](const CashBook::Movement& movement, const Statement& bill) {
+            constexpr int kFirst = CashBook::kFirstColumn;
+            accounts_[movement.account].push_back({.movement = movement,
+                                                   .bill = bill.Int(kFirst),
+                                                   .party = &items_.Of(bill.Int(kFirst + 1)),
+                                                   .department = &items_.Of(bill.Int(kFirst + 2)),
+                                                   .employee = &items_.Of(bill.Int(kFirst + 3)),
+                                                   .number = bill.Text(kFirst + 4),
+                                                   .explanation = texts_.Share(bill.Text(kFirst + 5))});
+        });
+        for (std::vector<Row>& rows : accounts_) {
+            const auto place = [](const Row& row) { return std::tuple(row.movement.day, row.bill); };
+            if (!std::ranges::is_sorted(rows, {}, place)) std::ranges::stable_sort(rows, {}, place);
+        }
+    }
+
+    std::vector<Row>& Of(std::size_t account) { return accounts_[account]; }
+    Value NameOf(BillKind kind) { return texts_.Share(RowOf(kind).name); }
+
+ private:
+    ItemTexts items_;
+    SharedTexts texts_;
+    std::vector<std::vector<Row>> accounts_;
+};
+
+void AddOpening(ColumnarRecordSet& set, const CashAccount& account, std::optional<std::int64_t> firstDay) {
+    const Value day = firstDay ? Value(Date{static_cast<double>(*firstDay)}) : Value::Null();
+    set.AddRow({account.number, account.name, day, "", "", Yuan(0), Yuan(0), Yuan(account.begin), "期初余额",
+                "", "", ""});
+}
+
+void AddMovements(ColumnarRecordSet& set, const CashAccount& account, Journal& journal,
+                  std::vector<Journal::Row>& rows) {
+    std::int64_t balance = account.begin;
+    for (Journal::Row& row : rows) {
+        const std::int64_t flow = row.movement.flow;
+        balance += flow;
+        std::size_t column = 0;
+        const auto add = [&](Value value) { set.AddCell(column++, std::move(value)); };
+        add(account.number);
+        add(account.name);
+        add(Date{static_cast<double>(row.movement.day)});
+        add(std::move(row.number));
+        add(journal.NameOf(row.movement.kind));
+        add(Yuan(std::max<std::int64_t>(flow, 0)));
+        add(Yuan(std::max<std::int64_t>(-flow, 0)));
+        add(Yuan(balance));
+        add(std::move(row.explanation));
+        add(row.party->name);
+        add(row.department->name);
+        add(row.employee->name);
+    }
+}
+
+}  // namespace
+
+Ref<RecordSet> CashJournal(AccountSet& set, const Dictionary& filter) {
+    CashBook book(set, filter);
+    Journal journal(set, book);
+    auto rows = MakeRef<ColumnarRecordSet>(std::vector<std::string>{
+        "FAcctNumber", "FAcctName", "FDate", "FBillNo", "FBillTypeName", "FInAmount", "FOutAmount",
+        "FBalanceAmount", "FExplanation", "FName", "FDeptName", "FEmpName"});
+    for (std::size_t i = 0; i < book.accounts().size(); ++i) {
+        const CashAccount& account = book.accounts()[i];
+        if (!book.Shows(account)) continue;
+        AddOpening(*rows, account, book.firstDay());
+        AddMovements(*rows, account, journal, journal.Of(i));
+    }
+    return rows;
+}
+
+Ref<RecordSet> CashLedger(AccountSet& set, const Dictionary& filter) {
+    CashBook book(set, filter);
+    book.Read("", [](const CashBook::Movement&, const Statement&) {});
+    auto rows = MakeRef<ColumnarRecordSet>(std::vector<std::string>{
+        "FAcctNumber", "FAcctName", "FBeginAmount", "FInAmount", "FOutAmount", "FEndAmount", "FSumSort"});
+    const auto add = [&](const CashAccount& account, std::int32_t sumSort) {
+        rows->AddRow({account.number, account.name, Yuan(account.begin), Yuan(account.in), Yuan(account.out),
+                      Yuan(account.End()), sumSort});
+    };
+    CashAccount total{.number = "", .name = "合计", .begin = 0};
+    for (const CashAccount& account : book.accounts()) {
+        if (!book.Shows(account)) continue;
+        add(account, 0);
+        total.begin += account.begin;
+        total.in += account.in;
+        total.out += account.out;
+    }
+    if (rows->RowCount() > 0) add(total, 1);
+    return rows;
+}
+
+}  // namespace qor
