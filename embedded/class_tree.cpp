@@ -6,11 +6,6 @@ namespace qor {
 
 namespace {
 
-struct ReadClass {
-    std::int64_t id, parent;
-    ClassTree::Class row;
-};
-
 std::unordered_set<std::int64_t> ReadRange(AccountSet& set, const CategorySide& side,
                                            const ReportFilter& filter) {
     Conditions range;
@@ -25,59 +20,17 @@ std::unordered_set<std::int64_t> ReadRange(AccountSet& set, const CategorySide& 
     return ids;
 }
 
-/// By code, each still without its place in the tree.
-std::vector<ReadClass> ReadClasses(AccountSet& set, const CategorySide& side, const ReportFilter& filter) {
-    const std::unordered_set<std::int64_t> range = ReadRange(set, side, filter);
-    const bool withDisabled = filter.Flag("chkForbiddenTypeInclude");
-    Statement found(set.database(),
-                    "SELECT FItemID, FParentID, FNumber, FName, FDetail, FDeleted FROM t_Item "
-                    "WHERE FItemClassID=? ORDER BY FNumber");
-    found.With(side.classes);
-    std::vector<ReadClass> classes;
-    while (found.Step()) {
-        const bool detail = found.Int(4) != 0, inRange = range.contains(found.Int(0));
-        classes.push_back({.id = found.Int(0),
-                           .parent = found.Int(1),
-                           .row = {.number = found.Text(2),
-                                   .name = found.Text(3),
-                                   .level = 1,
-                                   .parent = ClassTree::kNone,
-                                   .rank = classes.size(),
-                                   .detail = detail,
-                                   .inRange = !detail || inRange,
-                                   .taken = detail && inRange && (withDisabled || found.Int(5) == 0)}});
-    }
-    return classes;
-}
-
 }  // namespace
 
-ClassTree::ClassTree(AccountSet& set, const CategorySide& side, const Dictionary& filter) {
-    std::vector<ReadClass> read = ReadClasses(set, side, ReportFilter(filter));
-    std::unordered_map<std::int64_t, std::vector<std::size_t>> below;
-    for (std::size_t i = 0; i < read.size(); ++i) {
-        below[read[i].parent].push_back(i);
-    }
-    struct Open {
-        std::size_t read, parent;
-    };
-    std::vector<Open> open;
-    const auto openBelow = [&](std::int64_t id, std::size_t place) {
-        const std::vector<std::size_t>& children = below[id];
-        for (auto child = children.rbegin(); child != children.rend(); ++child) {
-            open.push_back({*child, place});
-        }
-    };
-    openBelow(0, kNone);
-    while (!open.empty()) {
-        const Open next = open.back();
-        open.pop_back();
-        const std::size_t place = classes_.size();
-        Class& row = classes_.emplace_back(std::move(read[next.read].row));
-        row.parent = next.parent;
-        if (next.parent != kNone) row.level = classes_[next.parent].level + 1;
-        if (row.taken) takenPlaces_[read[next.read].id] = place;
-        openBelow(read[next.read].id, place);
+ClassTree::ClassTree(AccountSet& set, const CategorySide& side, const Dictionary& dictionary)
+    : tree_(set, side.classes) {
+    const ReportFilter filter(dictionary);
+    const std::unordered_set<std::int64_t> range = ReadRange(set, side, filter);
+    const bool withDisabled = filter.Flag("chkForbiddenTypeInclude");
+    for (const ItemTree::Node& node : tree_.nodes()) {
+        const bool inRange = range.contains(node.id);
+        classes_.push_back(
+            {node, !node.detail || inRange, node.detail && inRange && (withDisabled || !node.disabled)});
     }
     for (std::size_t place = classes_.size(); place-- > 0;) {
         const Class& row = classes_[place];

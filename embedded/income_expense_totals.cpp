@@ -28,20 +28,6 @@ struct Sums {
     }
 };
 
-struct Levels {
-    std::int32_t first, last;
-};
-
-Levels LevelsOf(const ReportFilter& filter) {
-    constexpr std::int32_t kMost = 100;
-    const std::int32_t first = filter.Number("BLevel").value_or(0);
-    const std::int32_t last = filter.Number("ELevel").value_or(0);
-    if (std::int64_t{last} - first >= kMost) {
-        RaiseAccountSetError("类别级次无效：" + std::to_string(first) + " 至 " + std::to_string(last));
-    }
-    return {first, last};
-}
-
 /// The class under which each detail class is summed: the highest one, not above `level`, that the range
 /// holds as a whole. By places; kNone for what the filter does not take.
 std::vector<std::size_t> SummedUnder(const ClassTree& tree, std::int32_t level) {
@@ -114,7 +100,7 @@ void Sort(std::vector<Cell>& cells, const CodeRanks& parties) {
 /// Writes the rows and, behind those that they cover, the totals.
 class SummaryWriter {
  public:
-    SummaryWriter(const CategorySide& side, const ClassTree& tree, Levels levels, ItemTexts& items)
+    SummaryWriter(const CategorySide& side, const ClassTree& tree, LevelRange levels, ItemTexts& items)
         : tree_(tree), levels_(levels), items_(items), set_(MakeSet(side, levels)) {}
 
     Ref<RecordSet> WriteByParty(std::span<const Cell> cells) {
@@ -144,7 +130,7 @@ class SummaryWriter {
     }
 
  private:
-    static Ref<ColumnarRecordSet> MakeSet(const CategorySide& side, Levels levels) {
+    static Ref<ColumnarRecordSet> MakeSet(const CategorySide& side, LevelRange levels) {
         std::vector<std::string> fields = {side.partyNumberField, side.partyNameField};
         for (std::int32_t level = levels.first; level <= levels.last; ++level) {
             fields.push_back("FTypeName" + std::to_string(level));
@@ -227,7 +213,7 @@ class SummaryWriter {
     }
 
     const ClassTree& tree_;
-    const Levels levels_;
+    const LevelRange levels_;
     ItemTexts& items_;
     Ref<ColumnarRecordSet> set_;
     const Value subtotal_ = "小计", total_ = "合计", blank_ = "";
@@ -235,7 +221,7 @@ class SummaryWriter {
 
 Ref<RecordSet> CategorySummary(AccountSet& set, const CategorySide& side, const Dictionary& dictionary) {
     const ReportFilter filter(dictionary);
-    const Levels levels = LevelsOf(filter);
+    const LevelRange levels = filter.Levels("BLevel", "ELevel");
     const ClassTree tree(set, side, dictionary);
     const std::vector<std::size_t> under = SummedUnder(tree, levels.last);
     std::vector<Cell> cells = SumLines(set, side, dictionary, tree, under);

@@ -55,6 +55,8 @@ SideSigns CountedSigns(BillKind kind, PartySide side, const LedgerSwitches& swit
             return !selling && switches.estimates ? kRaises : SideSigns{};
         case BillKind::OtherReceivable:
         case BillKind::OtherPayable:
+        case BillKind::OtherIncome:
+        case BillKind::Expense:
             return switches.others ? SignsOf(kind, side) : SideSigns{};
         case BillKind::SaleRebate:
         case BillKind::PurchaseRebate:

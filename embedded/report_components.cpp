@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "embedded/account_rows.h"
+#include "embedded/account_totals.h"
 #include "embedded/ageing_rows.h"
 #include "embedded/cash_rows.h"
 #include "embedded/connection.h"
@@ -64,12 +66,18 @@ constexpr Member UnansweredStatement() {
 constexpr Member kData[] = {
     ReportMember("GetRpt10501Data", Answer<MoneyMovements>),
     ReportMember("GetRpt10501DataRollUp", Answer<AccountMovements>),
+    ReportMember("GetRpt10502Data", Answer<ReceivableDetail>),
+    ReportMember("GetRpt10503Data", Answer<ReceivableSummary>),
+    ReportMember("GetRpt10504Data", Answer<PayableDetail>),
+    ReportMember("GetRpt10505Data", Answer<PayableSummary>),
     ReportMember("GetRpt10521Data", Answer<IncomeSummary>),
     ReportMember("GetRpt10522Data", Answer<IncomeDetail>),
     ReportMember("GetRpt10523Data", Answer<ExpenseSummary>),
     ReportMember("GetRpt10524Data", Answer<ExpenseDetail>),
     ReportMember("GetRpt10528Data", Answer<CashJournal>),
     ReportMember("GetRpt10529Data", Answer<CashLedger>),
+    ReportMember("GetRpt10531Data", Answer<ReceivableAdvanceSummary>),
+    ReportMember("GetRpt10532Data", Answer<PayableAdvanceSummary>),
     {.name = "GetItemMaxLevel",
      .invoke = [](Object& self, Arguments a) -> Value {
          return ServerOf(self).accountSet.DeepestLevel(a[1]->int32());
@@ -82,17 +90,11 @@ constexpr Member kData[] = {
      },
      .result = ParameterType::Object,
      .parameters = {{kProps, {"Statement", ParameterType::Text, true}}}},
-    Unanswered<"GetRpt10502Data">(),
-    Unanswered<"GetRpt10503Data">(),
-    Unanswered<"GetRpt10504Data">(),
-    Unanswered<"GetRpt10505Data">(),
     UnansweredStatement<"GetRpt10506DataByCust">(),
     UnansweredStatement<"GetRpt10506DataBySupply">(),
     Unanswered<"GetRpt10507Data">(),
     Unanswered<"GetRpt10508Data">(),
     Unanswered<"GetRpt10527Data">(),
-    Unanswered<"GetRpt10531Data">(),
-    Unanswered<"GetRpt10532Data">(),
 };
 
 constexpr Member kData10525[] = {ReportMember("GetRptData", Answer<ReceiptList>)};

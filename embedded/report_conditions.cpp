@@ -50,14 +50,24 @@ std::string ReportFilter::Code(std::string_view key) const {
     return value ? std::string(Trimmed(ToText(*value))) : "";
 }
 
-bool ReportFilter::Flag(std::string_view key) const {
+bool ReportFilter::Flag(std::string_view key, bool open) const {
     const auto value = Given(key);
-    return value && ToBoolean(*value);
+    return value ? ToBoolean(*value) : open;
 }
 
 std::optional<std::int32_t> ReportFilter::Number(std::string_view key) const {
     const auto value = Given(key);
     return value ? std::optional(ToInt32(*value)) : std::nullopt;
+}
+
+LevelRange ReportFilter::Levels(std::string_view firstKey, std::string_view lastKey) const {
+    constexpr std::int64_t kMost = 100;
+    const LevelRange range{Number(firstKey).value_or(0), Number(lastKey).value_or(0)};
+    if (std::int64_t{range.last} - range.first >= kMost) {
+        RaiseAccountSetError("类别级次无效：" + std::to_string(range.first) + " 至 " +
+                             std::to_string(range.last));
+    }
+    return range;
 }
 
 bool ReportFilter::WantsShortNumbers() const { return filter_.Lookup("bLongNumber") && !Flag("bLongNumber"); }

@@ -45,6 +45,11 @@ class Conditions {
     std::vector<BoundValue> values_;
 };
 
+/// Levels of categories, from 1 at the top; none where the last one stands above the first.
+struct LevelRange {
+    std::int32_t first = 0, last = 0;
+};
+
 /// Reads a filter's values, whatever type they came in. A key that is missing, empty or "" is open.
 class ReportFilter {
  public:
@@ -52,9 +57,11 @@ class ReportFilter {
 
     /// The calendar day, without a time. Raises an error for what is no date.
     std::optional<std::int64_t> Day(std::string_view key) const;
-    std::string Code(std::string_view key) const;  // without blanks around it; "" for open
-    bool Flag(std::string_view key) const;         // false for open
+    std::string Code(std::string_view key) const;              // without blanks around it; "" for open
+    bool Flag(std::string_view key, bool open = false) const;  // `open` for open
     std::optional<std::int32_t> Number(std::string_view key) const;
+    /// Raises an error for more levels than any class has.
+    LevelRange Levels(std::string_view firstKey, std::string_view lastKey) const;
     /// Whether codes are shown by their last part: bLongNumber is given and false.
     bool WantsShortNumbers() const;
 

@@ -283,7 +283,7 @@ TEST(ReportData, RunsTheGateOfTheMatchingBalance) {
 TEST(ReportData, AReportThatIsNotAnsweredYetHasNoRowsAndLeavesANotice) {
     MiddleTier tier(test::SampleFile());
     const std::pair<const char*, const char*> unanswered[] = {
-        {"QORMArApRpt.Data", "GetRpt10503Data"},
+        {"QORMArApRpt.Data", "GetRpt10508Data"},
     };
     for (const auto& [component, member] : unanswered) {
         const std::size_t before = tier.notices().size();
