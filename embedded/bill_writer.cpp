@@ -19,7 +19,7 @@ void BindIf(Statement& statement, int index, const T& value) {
 BillWriter::BillWriter(Database& database)
     : bill_(database, "INSERT INTO t_Bill VALUES(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)"),
       classLine_(database, "INSERT INTO t_ClassEntry VALUES(?,?,?,?,?,?)"),
-      goodsLine_(database, "INSERT INTO t_GoodsEntry VALUES(?,?,?,?,?,?,?,?,?,?,NULL)"),
+      goodsLine_(database, "INSERT INTO t_GoodsEntry VALUES(?,?,?,?,?,?,?,?,?,?,?)"),
       settlement_(database,
                   "INSERT INTO t_Settlement(FBillID,FSourceBillID,FTargetBillID,FDate,FAmount,FDiscount) "
                   "VALUES(?,?,?,?,?,?)"),
@@ -58,6 +58,7 @@ void BillWriter::Write(const Bill& bill, int index, const GoodsLine& line) {
                     line.showRate);
     BindIf(goodsLine_, 9, line.aux);
     BindIf(goodsLine_, 10, line.batch);
+    BindIf(goodsLine_, 11, line.note);
     goodsLine_.Run();
 }
 

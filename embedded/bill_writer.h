@@ -39,7 +39,7 @@ struct GoodsLine {
     std::int64_t quantity = 0, price = 0;
     std::int64_t amount = 0;
     std::int64_t showUnit = 0, showRate = 1;
-    std::string aux, batch;
+    std::string aux, batch, note;
 };
 
 /// A source of 0 is none.

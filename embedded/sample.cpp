@@ -1,12 +1,12 @@
 #include "embedded/sample.h"
 
-#include <random>
 #include <string>
-#include <system_error>
 
+#include "embedded/periods.h"
 #include "embedded/sample_bills.h"
 #include "embedded/sample_firm.h"
 #include "embedded/schema.h"
+#include "embedded/unfinished_file.h"
 #include "platform/conversions.h"
 
 namespace qor {
@@ -14,50 +14,6 @@ namespace qor {
 namespace {
 
 constexpr int kYearsBack = 3;
-
-/// Removes the unfinished file unless it was given its name.
-class Unfinished {
- public:
-    explicit Unfinished(std::filesystem::path file) : file_(std::move(file)) { Remove(); }
-    ~Unfinished() { Remove(); }
-    Unfinished(const Unfinished&) = delete;
-    Unfinished& operator=(const Unfinished&) = delete;
-
-    const std::filesystem::path& file() const { return file_; }
-
-    /// A file of that name that came up meanwhile stays as it is.
-    void BecomeWhole(const std::filesystem::path& name) {
-        std::error_code failure;
-        std::filesystem::create_hard_link(file_, name, failure);
-        if (failure && !std::filesystem::exists(name)) std::filesystem::rename(file_, name, failure);
-        if (failure) RaiseAccountSetError("无法写入账套文件：" + name.string());
-    }
-
- private:
-    void Remove() {
-        std::error_code ignored;
-        std::filesystem::remove(file_, ignored);
-    }
-    std::filesystem::path file_;
-};
-
-Date DayOf(int year, int month, int day) {
-    const auto date = DateFromCalendar(year, month, day);
-    if (!date) Raise(Automation::InvalidCall);
-    return *date;
-}
-
-void WritePeriods(Database& database, int firstYear, int lastYear) {
-    Statement period(database, "INSERT INTO t_PeriodDate VALUES(?,?,?,?)");
-    for (int year = firstYear; year <= lastYear; ++year) {
-        for (int month = 1; month <= 12; ++month) {
-            const Date next = month == 12 ? DayOf(year + 1, 1, 1) : DayOf(year, month + 1, 1);
-            period.With(year, month, static_cast<std::int64_t>(DayOf(year, month, 1).serial),
-                        static_cast<std::int64_t>(next.serial) - 1);
-            period.Run();
-        }
-    }
-}
 
 void WriteProfile(Database& database, int startYear, const CalendarTime& today) {
     Statement entry(database, "INSERT INTO t_SystemProfile VALUES(?,?,?)");
@@ -75,7 +31,7 @@ void WriteProfile(Database& database, int startYear, const CalendarTime& today) 
 void WriteAccountSet(Database& database, const SampleOptions& options, const SampleProgress& progress) {
     const CalendarTime today = ToCalendar(options.today);
     const int startYear = today.year - kYearsBack;
-    const SampleSpan span{.firstDay = static_cast<std::int64_t>(DayOf(startYear, 1, 1).serial),
+    const SampleSpan span{.firstDay = FirstDayOf(startYear, 1),
                           .lastDay = static_cast<std::int64_t>(options.today.serial),
                           .bills = options.bills};
     Dice dice(options.seed);
@@ -97,7 +53,7 @@ void MakeSample(const std::filesystem::path& file, const SampleOptions& options,
                 const SampleProgress& progress) {
     if (options.bills < 0) RaiseAccountSetError("单据数不能小于零");
     if (std::filesystem::exists(file)) RaiseAccountSetError("文件已经存在，不会覆盖：" + file.string());
-    Unfinished unfinished(file.string() + ".unfinished-" + std::to_string(std::random_device{}()));
+    UnfinishedFile unfinished(file);
     {
         Database database(unfinished.file(), Database::Mode::Create);
         database.Run(
@@ -107,7 +63,7 @@ void MakeSample(const std::filesystem::path& file, const SampleOptions& options,
         WriteAccountSet(database, options, progress);
         database.Run("COMMIT");
     }
-    unfinished.BecomeWhole(file);
+    unfinished.TakeItsName();
     if (progress) progress(1);
 }
 

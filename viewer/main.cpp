@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iostream>
 
+#include "viewer/command_import.h"
 #include "viewer/command_list.h"
 #include "viewer/command_play.h"
 #include "viewer/command_run.h"
@@ -45,6 +46,7 @@ int Run(int count, char** arguments) {
     qor::viewer::AddRunCommand(program, status);
     qor::viewer::AddPlayCommand(program, status);
     qor::viewer::AddSampleCommand(program, status);
+    qor::viewer::AddImportCommand(program, status);
     try {
         program.parse(count, arguments);
     } catch (const CLI::ParseError& mistake) {
