@@ -11,6 +11,7 @@
 #include "embedded/income_expense_totals.h"
 #include "embedded/money_movements.h"
 #include "embedded/settlement_lists.h"
+#include "embedded/statement_rows.h"
 
 namespace qor {
 
@@ -54,10 +55,22 @@ constexpr Member Unanswered() {
     });
 }
 
-/// The statement of account hands two more record sets back.
-template <MemberName Name>
-constexpr Member UnansweredStatement() {
-    Member member = Unanswered<Name>();
+/// The statement of account hands two more record sets back where it is asked for pages.
+template <PartySide Side>
+Value AnswerStatement(Object& self, Arguments a) {
+    const Ref<Dictionary> filter = As<Dictionary>(*a[1]);
+    if (!filter) Raise(Automation::ObjectNotSet);
+    const StatementAnswer answer = StatementOfAccount(ServerOf(self).accountSet, Side, *filter);
+    if (answer.pages) {
+        *a[2] = answer.rowBreaks;
+        *a[3] = answer.pages;
+    }
+    return answer.rows;
+}
+
+template <PartySide Side>
+constexpr Member StatementMember(std::string_view name) {
+    Member member = ReportMember(name, AnswerStatement<Side>);
     member.parameters[2] = {"RowBreakRs", ParameterType::Any, true};
     member.parameters[3] = {"MutilPageRs", ParameterType::Any, true};
     return member;
@@ -70,6 +83,8 @@ constexpr Member kData[] = {
     ReportMember("GetRpt10503Data", Answer<ReceivableSummary>),
     ReportMember("GetRpt10504Data", Answer<PayableDetail>),
     ReportMember("GetRpt10505Data", Answer<PayableSummary>),
+    StatementMember<PartySide::Customer>("GetRpt10506DataByCust"),
+    StatementMember<PartySide::Supplier>("GetRpt10506DataBySupply"),
     ReportMember("GetRpt10521Data", Answer<IncomeSummary>),
     ReportMember("GetRpt10522Data", Answer<IncomeDetail>),
     ReportMember("GetRpt10523Data", Answer<ExpenseSummary>),
@@ -90,8 +105,6 @@ constexpr Member kData[] = {
      },
      .result = ParameterType::Object,
      .parameters = {{kProps, {"Statement", ParameterType::Text, true}}}},
-    UnansweredStatement<"GetRpt10506DataByCust">(),
-    UnansweredStatement<"GetRpt10506DataBySupply">(),
     Unanswered<"GetRpt10507Data">(),
     Unanswered<"GetRpt10508Data">(),
     Unanswered<"GetRpt10527Data">(),

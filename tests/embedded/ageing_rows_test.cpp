@@ -117,7 +117,7 @@ TEST(Ageing, IsThatOfTheSlowBooksInEveryShapeOfFilter) {
             const OpenByBill open = book.Open(asked.side, 0, asked.day);
             for (const auto& groups : shapes) {
                 const auto slow = Slow(book, open, asked, groups);
-                EXPECT_EQ(RowsOf(*Ageing(set, *FilterOf(asked, groups))), slow)
+                EXPECT_EQ(test::FirstDifference(RowsOf(*Ageing(set, *FilterOf(asked, groups))), slow), "")
                     << seed << " " << asked.day << " " << asked.first << " " << asked.user;
                 found += slow.size();
             }

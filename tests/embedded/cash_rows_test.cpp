@@ -96,10 +96,10 @@ struct SlowReports {
 SlowReports Slow(const PlainBook& book, const Asked& asked) {
     std::map<std::string, std::int64_t> accounts;  // by code
     for (const auto& [id, item] : book.items) {
-        const bool detail = item.begin != 0 || std::ranges::any_of(book.bills, [&](const BookBill& bill) {
-                                return bill.account == id || bill.toAccount == id;
-                            });
-        if (item.itemClass == item_class::kAccount && detail) accounts[item.number] = id;
+        if (item.itemClass != item_class::kAccount) continue;
+        const auto isIts = [&](const BookBill& bill) { return bill.account == id || bill.toAccount == id; };
+        const bool isDetail = item.begin != 0 || std::ranges::any_of(book.bills, isIts);
+        if (isDetail) accounts[item.number] = id;
     }
     SlowReports reports;
     std::int64_t all[4] = {};
@@ -175,6 +175,7 @@ const Asked kShapes[] = {
     {.firstDay = 45000, .lastDay = 45400, .user = "16"},
     {.firstDay = 45837, .lastDay = 45837, .hidesUnmoved = true},
     {.firstDay = 44000, .lastDay = 44100},
+    {.firstDay = 45000, .lastDay = 45400, .accountName = "银行"},
 };
 
 TEST(Cash, JournalAndLedgerAreThoseOfTheSlowBooksInEveryShapeOfFilter) {
@@ -183,13 +184,10 @@ TEST(Cash, JournalAndLedgerAreThoseOfTheSlowBooksInEveryShapeOfFilter) {
         const PlainBook book(set);
         for (const Asked& asked : kShapes) {
             const SlowReports slow = Slow(book, asked);
-            EXPECT_EQ(RowsOf(*CashJournal(set, *FilterOf(asked))), slow.journal)
+            EXPECT_EQ(test::FirstDifference(RowsOf(*CashJournal(set, *FilterOf(asked))), slow.journal), "")
                 << seed << " " << asked.firstDay;
-            Asked narrow = asked;
-            narrow.accountName = "银行";
-            EXPECT_EQ(RowsOf(*CashLedger(set, *FilterOf(asked))), slow.ledger)
+            EXPECT_EQ(test::FirstDifference(RowsOf(*CashLedger(set, *FilterOf(asked))), slow.ledger), "")
                 << seed << " " << asked.firstDay;
-            EXPECT_EQ(RowsOf(*CashLedger(set, *FilterOf(narrow))), Slow(book, narrow).ledger);
         }
     }
 }
@@ -200,7 +198,9 @@ TEST(Cash, TheBillerIsFoundByAPartOfHisName) {
     const std::string whole = book.users.rbegin()->second;
     for (const std::string& name : {whole, whole.substr(0, 3), std::string("%"), std::string("'")}) {
         const Asked asked{.firstDay = 45000, .lastDay = 45838, .biller = name};
-        EXPECT_EQ(RowsOf(*CashJournal(set, *FilterOf(asked))), Slow(book, asked).journal) << name;
+        EXPECT_EQ(
+            test::FirstDifference(RowsOf(*CashJournal(set, *FilterOf(asked))), Slow(book, asked).journal), "")
+            << name;
     }
     EXPECT_GT(CashJournal(set, *FilterOf({.biller = whole}))->RowCount(), 100);
 }

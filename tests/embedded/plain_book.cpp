@@ -22,11 +22,18 @@ bool UsesAdvance(const BookBill& bill) {
 
 PlainBook::PlainBook(AccountSet& set) {
     Statement item(set.database(),
-                   "SELECT i.FItemID, FItemClassID, FNumber, FName, FRightUserID, FBeginAmount FROM t_Item i "
-                   "LEFT JOIN t_Party p ON p.FItemID=i.FItemID LEFT JOIN t_Account a ON a.FItemID=i.FItemID");
+                   "SELECT i.FItemID, FItemClassID, FNumber, FName, FDetail=1 AND FDeleted=0, FRightUserID, "
+                   "FBeginAmount, FModel, FUnitID FROM t_Item i LEFT JOIN t_Party p ON p.FItemID=i.FItemID "
+                   "LEFT JOIN t_Account a ON a.FItemID=i.FItemID LEFT JOIN t_Goods g ON g.FItemID=i.FItemID");
     while (item.Step()) {
-        items[item.Int(0)] = {static_cast<std::int32_t>(item.Int(1)), std::string(item.Text(2)),
-                              std::string(item.Text(3)), std::string(item.Text(4)), item.Int(5)};
+        items[item.Int(0)] = {static_cast<std::int32_t>(item.Int(1)),
+                              std::string(item.Text(2)),
+                              std::string(item.Text(3)),
+                              item.Int(4) != 0,
+                              std::string(item.Text(5)),
+                              item.Int(6),
+                              std::string(item.Text(7)),
+                              item.Int(8)};
     }
     Statement bill(set.database(),
                    "SELECT FBillID, FBillType, FBillNo, FDate, FState, FCustID, FSupplyID, FToPartyID, "

@@ -17,8 +17,11 @@ namespace qor::test {
 struct BookItem {
     std::int32_t itemClass = 0;
     std::string number, name;
+    bool current = false;    // no category, not disabled
     std::string rightUsers;  // of a party
     std::int64_t begin = 0;  // of an account
+    std::string model;       // of goods
+    std::int64_t unit = 0;
 };
 
 struct BookBill {

@@ -1,6 +1,7 @@
 // Record sets as texts, so that a test compares whole reports at once.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -28,6 +29,18 @@ inline std::vector<std::string> RowsOf(const RecordSet& set) {
         }
     }
     return texts;
+}
+
+/// Where two lists of rows part, with the row of each; "" where they are the same.
+inline std::string FirstDifference(const std::vector<std::string>& got,
+                                   const std::vector<std::string>& wanted) {
+    const std::size_t most = std::max(got.size(), wanted.size());
+    for (std::size_t i = 0; i < most; ++i) {
+        const std::string one = i < got.size() ? got[i] : "(no row)";
+        const std::string other = i < wanted.size() ? wanted[i] : "(no row)";
+        if (one != other) return "row " + std::to_string(i) + ":\n  " + one + "\n  " + other;
+    }
+    return "";
 }
 
 /// The names of the fields, each with a blank behind it.

@@ -1,0 +1,111 @@
+#include "embedded/statement_accounts.h"
+
+#include <algorithm>
+#include <tuple>
+
+#include "embedded/report_conditions.h"
+
+namespace qor {
+
+namespace {
+
+constexpr SqlText kColumns =
+    ", b.FDiscount, b.FDeptID, b.FEmpID, b.FBillNo, b.FVchNumber, b.FExplanation, b.FInvoiceNo";
+
+LedgerQuery QueryOf(PartySide side, const Dictionary& dictionary) {
+    const ReportFilter filter(dictionary);
+    LedgerQuery query = LedgerQueryOf(side, dictionary);
+    query.parties = {filter.Code("BItemNumber"), filter.Code("EItemNumber")};
+    query.switches.writeOffs = !dictionary.Lookup("ShowCheckBill") || filter.Flag("ShowCheckBill");
+    query.switches.estimates = filter.Flag("IncludeGJ");
+    return query;
+}
+
+StatementSums SumsOf(const Movement& movement, std::int64_t discount, PartySide side) {
+    const std::int64_t letGo = SignsOf(movement.kind, side).settled * discount;
+    return {.raised = movement.sums.raised,
+            .real = movement.sums.settled + movement.sums.advance - letGo,
+            .discount = letGo};
+}
+
+/// Which accounts and bills are left out.
+class ZeroSwitches {
+ public:
+    explicit ZeroSwitches(const ReportFilter& filter)
+        : balance_(filter.Flag("NotShowBalZero")),
+          bill_(filter.Flag("NotShowBillZero")),
+          both_(filter.Flag("NotShowZero")) {}
+
+    bool Show(const StatementSums& bill) const { return !bill_ || !bill.AreZero(); }
+    bool Show(const StatementAccount& account, bool moved) const {
+        if (account.End() != 0) return true;
+        return !balance_ && !(both_ && !moved);
+    }
+
+ private:
+    bool balance_, bill_, both_;
+};
+
+void SortBills(std::vector<StatementBill>& bills) {
+    const auto place = [](const StatementBill& bill) { return std::tuple(bill.day, bill.bill); };
+    if (!std::ranges::is_sorted(bills, {}, place)) std::ranges::stable_sort(bills, {}, place);
+}
+
+}  // namespace
+
+StatementSums& StatementSums::operator+=(const StatementSums& other) {
+    raised += other.raised;
+    real += other.real;
+    discount += other.discount;
+    return *this;
+}
+
+std::vector<StatementAccount> ReadStatementAccounts(AccountSet& set, PartySide side,
+                                                    const Dictionary& dictionary) {
+    const ReportFilter filter(dictionary);
+    const ZeroSwitches zeros(filter);
+    const std::optional<std::int64_t> firstDay = filter.Day("BDate");
+    PartyLedger ledger(set, QueryOf(side, dictionary), kColumns);
+    std::vector<StatementAccount> accounts;
+    std::vector<char> known, moved;  // has bills at all; has amounts in the period
+    for (const LedgerParty& party : ledger.parties()) {
+        accounts.push_back({.party = party.id});
+        known.push_back(party.current);
+    }
+    moved.resize(accounts.size());
+    SharedTexts texts;
+    while (ledger.Next()) {
+        const Movement& movement = ledger.movement();
+        StatementAccount& account = accounts[movement.party];
+        known[movement.party] = true;
+        if (firstDay && movement.day < *firstDay) {
+            account.begin += movement.sums.Balance();
+            continue;
+        }
+        int column = PartyLedger::kMore;
+        const auto& row = ledger.row();
+        const StatementSums sums = SumsOf(movement, row.Int(column++), side);
+        account.period += sums;
+        moved[movement.party] |= !sums.AreZero();
+        if (!zeros.Show(sums)) continue;
+        account.bills.push_back({.day = movement.day,
+                                 .bill = movement.bill,
+                                 .kind = movement.kind,
+                                 .sums = sums,
+                                 .department = row.Int(column),
+                                 .employee = row.Int(column + 1),
+                                 .number = row.Text(column + 2),
+                                 .voucher = texts.Share(row.Text(column + 3)),
+                                 .explanation = texts.Share(row.Text(column + 4)),
+                                 .invoice = texts.Share(row.Text(column + 5))});
+    }
+    std::vector<StatementAccount> shown;
+    for (std::size_t i = 0; i < accounts.size(); ++i) {
+        if (!known[i] || !zeros.Show(accounts[i], moved[i] != 0)) continue;
+        SortBills(accounts[i].bills);
+        shown.push_back(std::move(accounts[i]));
+    }
+    return shown;
+}
+
+}  // namespace qor

@@ -1,0 +1,232 @@
+#include "embedded/statement_rows.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "embedded/item_texts.h"
+#include "embedded/money.h"
+#include "embedded/report_conditions.h"
+#include "embedded/statement_accounts.h"
+
+namespace qor {
+
+namespace {
+
+constexpr double kTenThousandths = 10000;  // of quantities and prices
+
+struct GoodsRow {
+    const ItemTexts::Texts* item;
+    Value model, aux, batch;
+    Value unit, showUnit;
+    std::int64_t quantity, price, showRate;  // of the base unit, in ten-thousandths
+    std::int64_t amount;
+};
+
+/// The goods lines of a bill, in their order; none for a bill without goods.
+class GoodsReader {
+ public:
+    GoodsReader(AccountSet& set, bool shortNumbers)
+        : lines_(set.database(),
+                 "SELECT e.FItemID, g.FModel, e.FAuxName, e.FBatchNo, g.FUnitID, e.FShowUnitID, e.FQty, "
+                 "e.FPrice, e.FShowRate, e.FAmount FROM t_GoodsEntry e LEFT JOIN t_Goods g ON "
+                 "g.FItemID=e.FItemID WHERE e.FBillID=? ORDER BY e.FIndex"),
+          items_(set, shortNumbers) {}
+
+    std::vector<GoodsRow> Of(std::int64_t bill) {
+        std::vector<GoodsRow> rows;
+        lines_.With(bill);
+        while (lines_.Step()) {
+            rows.push_back({.item = &items_.Of(lines_.Int(0)),
+                            .model = texts_.Share(lines_.Text(1)),
+                            .aux = texts_.Share(lines_.Text(2)),
+                            .batch = texts_.Share(lines_.Text(3)),
+                            .unit = items_.Of(lines_.Int(4)).name,
+                            .showUnit = items_.Of(lines_.Int(5)).name,
+                            .quantity = lines_.Int(6),
+                            .price = lines_.Int(7),
+                            .showRate = lines_.Int(8),
+                            .amount = lines_.Int(9)});
+        }
+        return rows;
+    }
+
+ private:
+    Statement lines_;
+    ItemTexts items_;
+    SharedTexts texts_;
+};
+
+class StatementWriter {
+ public:
+    StatementWriter(AccountSet& set, const Dictionary& filter)
+        : items_(set, ReportFilter(filter).WantsShortNumbers()),
+          firstDay_(ReportFilter(filter).Day("BDate")) {
+        const ReportFilter read(filter);
+        if (read.Flag("ShowDetail")) goods_.emplace(set, read.WantsShortNumbers());
+        set_ = MakeRef<ColumnarRecordSet>(Fields());
+        for (const BillKindRow& row : kBillKinds) {
+            kindNames_.emplace_back(row.name);
+        }
+    }
+
+    void Write(StatementAccount& account) {
+        balance_ = account.begin;
+        AddOpening(items_.Of(account.party));
+        for (StatementBill& bill : account.bills) {
+            const std::vector<GoodsRow> lines = goods_ ? goods_->Of(bill.bill) : std::vector<GoodsRow>{};
+            StatementSums rest = bill.sums;
+            for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
+                AddBill(bill, {.raised = lines[i].amount}, &lines[i]);
+                rest.raised -= lines[i].amount;
+            }
+            AddBill(bill, rest, lines.empty() ? nullptr : &lines.back());
+        }
+    }
+
+    const Ref<ColumnarRecordSet>& rows() const { return set_; }
+
+ private:
+    std::vector<std::string> Fields() const {
+        std::vector<std::string> fields = {"FDate", "FBillTypeName", "FBillNo", "FVchNumber"};
+        if (goods_) {
+            for (const char* field :
+                 {"FItemName", "FItemNumber", "FModel", "FAuxName", "FBatchNo", "FUnitName", "FQty", "FPrice",
+                  "FShowUnitName", "FShowQty", "FShowPrice"}) {
+                fields.emplace_back(field);
+            }
+        }
+        for (const char* field : {"FExplanation", "FReceivableAmount", "FRealAmount", "FDiscountAmount",
+                                  "FBalanceAmount", "FDeptName", "FEmpName", "FInvoiceNo"}) {
+            fields.emplace_back(field);
+        }
+        return fields;
+    }
+
+    void AddOpening(const ItemTexts::Texts& party) {
+        column_ = 0;
+        Add(firstDay_ ? Value(Date{static_cast<double>(*firstDay_)}) : Value::Null());
+        for (int i = 0; i < 3; ++i) {
+            Add(blank_);
+        }
+        AddGoods(nullptr);
+        Add("期初余额：" + party.number.text() + " " + party.name.text());
+        AddSums({});
+        for (int i = 0; i < 3; ++i) {
+            Add(blank_);
+        }
+    }
+
+    void AddBill(const StatementBill& bill, const StatementSums& sums, const GoodsRow* goods) {
+        column_ = 0;
+        Add(Date{static_cast<double>(bill.day)});
+        Add(kindNames_[static_cast<std::size_t>(bill.kind) - 1]);
+        Add(bill.number);
+        Add(bill.voucher);
+        AddGoods(goods);
+        Add(bill.explanation);
+        AddSums(sums);
+        Add(items_.Of(bill.department).name);
+        Add(items_.Of(bill.employee).name);
+        Add(bill.invoice);
+    }
+
+    void AddGoods(const GoodsRow* goods) {
+        if (!goods_) return;
+        if (!goods) {
+            for (int i = 0; i < 5; ++i) {
+                Add(blank_);
+            }
+            for (const Value& cell :
+                 {blank_, Value::Null(), Value::Null(), blank_, Value::Null(), Value::Null()}) {
+                Add(cell);
+            }
+            return;
+        }
+        const auto quantity = static_cast<double>(goods->quantity), price = static_cast<double>(goods->price);
+        const auto rate = static_cast<double>(std::max<std::int64_t>(goods->showRate, 1));
+        Add(goods->item->name);
+        Add(goods->item->number);
+        Add(goods->model);
+        Add(goods->aux);
+        Add(goods->batch);
+        Add(goods->unit);
+        Add(quantity / kTenThousandths);
+        Add(price / kTenThousandths);
+        Add(goods->showUnit);
+        Add(quantity / (rate * kTenThousandths));
+        Add(price * rate / kTenThousandths);
+    }
+
+    void AddSums(const StatementSums& sums) {
+        balance_ += sums.Balance();
+        Add(Yuan(sums.raised));
+        Add(Yuan(sums.real));
+        Add(Yuan(sums.discount));
+        Add(Yuan(balance_));
+    }
+
+    void Add(Value value) { set_->AddCell(column_++, std::move(value)); }
+
+    ItemTexts items_;
+    std::optional<std::int64_t> firstDay_;
+    std::optional<GoodsReader> goods_;
+    Ref<ColumnarRecordSet> set_;
+    std::vector<Value> kindNames_;
+    const Value blank_ = "";
+    std::size_t column_ = 0;
+    std::int64_t balance_ = 0;
+};
+
+/// The breaks and the pages, one of each for a party.
+class PageWriter {
+ public:
+    explicit PageWriter(AccountSet& set)
+        : contact_(set.database(), "SELECT FContact, FPhone FROM t_Party WHERE FItemID=?") {}
+
+    void Write(const StatementAccount& account, const ItemTexts::Texts& party, std::int32_t firstRow,
+               std::int32_t rows) {
+        const std::int32_t page = breaks_->RowCount() + 1;
+        breaks_->AddRow({page, party.number, firstRow, rows});
+        const bool found = contact_.With(account.party).Step();
+        const Value contact = found ? contact_.Text(0) : std::string_view();
+        const Value phone = found ? contact_.Text(1) : std::string_view();
+        pages_->AddRow({page, party.number, party.name, contact, phone, Yuan(account.begin),
+                        Yuan(account.period.raised), Yuan(account.period.real), Yuan(account.period.discount),
+                        Yuan(account.End())});
+    }
+
+    const Ref<ColumnarRecordSet>& breaks() const { return breaks_; }
+    const Ref<ColumnarRecordSet>& pages() const { return pages_; }
+
+ private:
+    Statement contact_;
+    Ref<ColumnarRecordSet> breaks_ = MakeRef<ColumnarRecordSet>(
+        std::vector<std::string>{"FPage", "FItemNumber", "FFirstRow", "FRowCount"});
+    Ref<ColumnarRecordSet> pages_ = MakeRef<ColumnarRecordSet>(
+        std::vector<std::string>{"FPage", "FItemNumber", "FItemName", "FContact", "FPhone", "FInitAmount",
+                                 "FReceivableAmount", "FRealAmount", "FDiscountAmount", "FBalanceAmount"});
+};
+
+}  // namespace
+
+StatementAnswer StatementOfAccount(AccountSet& set, PartySide side, const Dictionary& dictionary) {
+    const ReportFilter filter(dictionary);
+    StatementWriter writer(set, dictionary);
+    PageWriter pages(set);
+    ItemTexts items(set, filter.WantsShortNumbers());
+    for (StatementAccount& account : ReadStatementAccounts(set, side, dictionary)) {
+        const std::int32_t firstRow = writer.rows()->RowCount();
+        writer.Write(account);
+        pages.Write(account, items.Of(account.party), firstRow, writer.rows()->RowCount() - firstRow);
+    }
+    StatementAnswer answer{.rows = writer.rows(), .rowBreaks = {}, .pages = {}};
+    if (filter.Flag("PrintByPg")) {
+        answer.rowBreaks = pages.breaks();
+        answer.pages = pages.pages();
+    }
+    return answer;
+}
+
+}  // namespace qor
