@@ -27,8 +27,10 @@ MiddleTier& Tier() {
     return tier;
 }
 
-const std::vector<viewer::FilterValue> kSummaryByParty = {{"DtpBDate", "2022-01-01"}, {"DtpEDate", "2025-06-30"},
-                                                          {"ELevel", "3"},            {"BLevel", "1"},
+const std::vector<viewer::FilterValue> kSummaryByParty = {{"DtpBDate", "2022-01-01"},
+                                                          {"DtpEDate", "2025-06-30"},
+                                                          {"ELevel", "3"},
+                                                          {"BLevel", "1"},
                                                           {"chkGrouyByCust", "1"}};
 
 struct Run {
@@ -43,7 +45,8 @@ const Run& RunOf(std::int32_t number) {
          {{"DtpBDate", "2022-01-01"}, {"DtpEDate", "2025-06-30"}},
          "SELECT c.FName, b.FDate, p.FNumber, p.FName, a.FName, e.FAmount-e.FSettleAmount, e.FSettleAmount,"
          " e.FAmount, m.FNumber, m.FName, d.FNumber, d.FName, b.FBillNo, e.FNote"
-         " FROM t_Bill b CROSS JOIN t_ClassEntry e ON e.FBillID=b.FBillID JOIN t_Item c ON c.FItemID=e.FClassID"
+         " FROM t_Bill b CROSS JOIN t_ClassEntry e ON e.FBillID=b.FBillID JOIN t_Item c ON "
+         "c.FItemID=e.FClassID"
          " LEFT JOIN t_Item p ON p.FItemID=b.FCustID LEFT JOIN t_Item a ON a.FItemID=b.FAcctID"
          " LEFT JOIN t_Item d ON d.FItemID=b.FDeptID LEFT JOIN t_Item m ON m.FItemID=b.FEmpID"
          " WHERE b.FBillType=11 AND b.FState=0 AND c.FDeleted=0 AND b.FDate BETWEEN 44562 AND 45838"
@@ -51,7 +54,8 @@ const Run& RunOf(std::int32_t number) {
         {10521, kSummaryByParty,
          "SELECT p.FNumber, p.FName, c.FName, sum(e.FAmount-e.FSettleAmount), sum(e.FSettleAmount),"
          " sum(e.FAmount), c.FNumber"
-         " FROM t_Bill b CROSS JOIN t_ClassEntry e ON e.FBillID=b.FBillID JOIN t_Item c ON c.FItemID=e.FClassID"
+         " FROM t_Bill b CROSS JOIN t_ClassEntry e ON e.FBillID=b.FBillID JOIN t_Item c ON "
+         "c.FItemID=e.FClassID"
          " LEFT JOIN t_Item p ON p.FItemID=b.FCustID"
          " WHERE b.FBillType=11 AND b.FState=0 AND c.FDeleted=0 AND b.FDate BETWEEN 44562 AND 45838"
          " GROUP BY b.FCustID, e.FClassID ORDER BY p.FNumber, c.FNumber"},
@@ -65,11 +69,12 @@ const Run& RunOf(std::int32_t number) {
          " LEFT JOIN t_Item d ON d.FItemID=b.FDeptID LEFT JOIN t_Item m ON m.FItemID=b.FEmpID"
          " WHERE t.FCash<>0 AND b.FState=0 AND b.FDate BETWEEN 44562 AND 45838 AND"
          " (b.FSettleAmount<>0 OR NOT (t.FReceivable OR t.FPayable))"
-         " ORDER BY b.FDate, b.FBillType, b.FBillNo"},
+         " ORDER BY b.FDate, b.FBillID"},
         {10525,
          {{"BDate", "2022-01-01"}, {"EDate", "2025-06-30"}, {"chkShowNonZero", "0"}},
          "SELECT b.FDate, b.FBillNo, t.FName, b.FAmount, b.FSettleAmount+ifnull(s.FDone,0),"
-         " b.FAmount-b.FSettleAmount-ifnull(s.FDone,0), d.FNumber, d.FName, m.FNumber, m.FName, b.FExplanation"
+         " b.FAmount-b.FSettleAmount-ifnull(s.FDone,0), d.FNumber, d.FName, m.FNumber, m.FName, "
+         "b.FExplanation"
          " FROM t_Bill b JOIN t_BillType t ON t.FBillType=b.FBillType LEFT JOIN"
          " (SELECT FTargetBillID, sum(FAmount+FDiscount) AS FDone FROM t_Settlement WHERE FDate<=45838"
          "  AND FBillID IN (SELECT FBillID FROM t_Bill WHERE FState=0) GROUP BY FTargetBillID) s"

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "embedded/account_set.h"
 #include "platform/value.h"
@@ -24,11 +25,17 @@ class ItemTexts {
           shortNumbers_(shortNumbers) {}
 
     /// Of an item; empty texts for 0. Valid as long as this object.
-    const Texts& Of(std::int64_t id);
+    const Texts& Of(std::int64_t id) {
+        const auto place = static_cast<std::uint64_t>(id);
+        return place < byId_.size() && byId_[place] ? *byId_[place] : Read(id);
+    }
 
  private:
+    const Texts& Read(std::int64_t id);
+
     Statement item_;
     bool shortNumbers_;
+    std::vector<const Texts*> byId_;  // of small ids, as base data mostly have; null where not known yet
     std::unordered_map<std::int64_t, Texts> known_;
 };
 

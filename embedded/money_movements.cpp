@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "embedded/bill_kinds.h"
@@ -53,9 +54,9 @@ static_assert(
     "every kind that moves money stands in the table once");
 
 struct Movement {
-    BillKind kind;
-    std::int64_t day;
+    std::int64_t day, bill;
     std::int64_t in, out;
+    BillKind kind;
     const ItemTexts::Texts* party;
     const ItemTexts::Texts* department;
     const ItemTexts::Texts* employee;
@@ -65,10 +66,28 @@ struct Movement {
 /// Which end of a bank transfer an account is, or both where no account is asked for.
 enum class End { Both, From, To };
 
+constexpr SqlText kMovesMoney = "(b.FSettleAmount<>0 OR b.FBillType IN (5,6,7,8,22))";
+
+static_assert(
+    [] {
+        for (const MoneyKind& row : kMoneyKinds) {
+            const BillKindRow& signs = RowOf(row.kind);
+            const auto kind = static_cast<std::int32_t>(row.kind);
+            const bool whole = (kind >= 5 && kind <= 8) || kind == 22;
+            if (whole == (signs.receivable != 0 || signs.payable != 0)) return false;
+        }
+        return true;
+    }(),
+    "the condition names the kinds whose whole amount is money");
+
 class MovementReader {
  public:
     MovementReader(AccountSet& set, const Dictionary& dictionary)
-        : set_(set), filter_(dictionary), items_(set, filter_.WantsShortNumbers()) {
+        : set_(set),
+          filter_(dictionary),
+          firstDay_(filter_.Day("BDate")),
+          lastDay_(filter_.Day("EDate")),
+          items_(set, filter_.WantsShortNumbers()) {
         for (const MoneyKind& row : kMoneyKinds) {
             counts_[static_cast<std::size_t>(row.kind)] =
                 row.includeKey.empty() || filter_.Flag(row.includeKey);
@@ -88,26 +107,39 @@ class MovementReader {
 
     const ReportFilter& filter() const { return filter_; }
 
-    void ReadKinds() {
+    /// The bills of a short period are found by kind and date; for a long one all are read as they lie.
+    void ReadPeriod() {
+        if (!IsShortPeriod()) {
+            Conditions all;
+            AddDayRange(all, "b.FDate", firstDay_, lastDay_);
+            Read(all, " NOT INDEXED", End::Both);
+            return;
+        }
         for (const MoneyKind& row : kMoneyKinds) {
-            const auto kind = static_cast<std::int64_t>(row.kind);
-            if (Counts(row.kind)) Read({"b.FBillType=?"}, kind, filter_.Day("BDate"), End::Both);
+            if (!Counts(row.kind)) continue;
+            Conditions ofKind;
+            ofKind.Add({"b.FBillType=?"}, {static_cast<std::int64_t>(row.kind)});
+            AddDayRange(ofKind, "b.FDate", firstDay_, lastDay_);
+            Read(ofKind, "", End::Both);
         }
     }
 
     /// From the beginning: what lies ahead of BDate goes into the balance.
     void ReadAccount(std::int64_t account) {
-        Read({"b.FAcctID=?"}, account, std::nullopt, End::From);
-        Read({"b.FToAcctID=?"}, account, std::nullopt, End::To);
+        const auto read = [&](SqlText column, End end) {
+            Conditions ofAccount;
+            ofAccount.Add({column, "=?"}, {account});
+            AddDayRange(ofAccount, "b.FDate", std::nullopt, lastDay_);
+            Read(ofAccount, "", end);
+        };
+        read("b.FAcctID", End::From);
+        read("b.FToAcctID", End::To);
     }
 
-    /// By date, kind and number, those of one bill as they were read.
+    /// By date, then as the bills were entered.
     std::vector<Movement>& Sorted() {
-        std::ranges::stable_sort(movements_, [](const Movement& a, const Movement& b) {
-            if (a.day != b.day) return a.day < b.day;
-            if (a.kind != b.kind) return a.kind < b.kind;
-            return a.number.text() < b.number.text();
-        });
+        const auto place = [](const Movement& row) { return std::pair(row.day, row.bill); };
+        if (!std::ranges::is_sorted(movements_, {}, place)) std::ranges::stable_sort(movements_, {}, place);
         return movements_;
     }
     std::int64_t balanceBefore() const { return balanceBefore_; }
@@ -115,41 +147,45 @@ class MovementReader {
  private:
     bool Counts(BillKind kind) const { return counts_[static_cast<std::size_t>(kind)]; }
 
-    void Read(SqlText way, std::int64_t value, std::optional<std::int64_t> firstDay, End end) {
-        Conditions conditions;
-        conditions.Add({way}, {value});
-        AddDayRange(conditions, "b.FDate", firstDay, filter_.Day("EDate"));
+    bool IsShortPeriod() {
+        constexpr std::int64_t kShort = 8;  // of all days
+        if (!firstDay_) return false;
+        Statement periods(set_.database(), "SELECT min(FStartDate), max(FEndDate) FROM t_PeriodDate");
+        if (!periods.Step()) return false;
+        const std::int64_t last = std::min(lastDay_.value_or(periods.Int(1)), periods.Int(1));
+        return (last - *firstDay_) * kShort < periods.Int(1) - periods.Int(0);
+    }
+
+    void Read(Conditions conditions, SqlText indexing, End end) {
+        conditions.Add({kMovesMoney});
         conditions.Add(conditions_);
         Statement found(set_.database(),
                         "SELECT b.FBillType, b.FDate, b.FAmount, b.FSettleAmount, b.FBillNo, b.FExplanation, "
-                        "ifnull(b.FCustID,b.FSupplyID), b.FDeptID, b.FEmpID FROM t_Bill b WHERE " +
-                            conditions.Text());
+                        "ifnull(b.FCustID,b.FSupplyID), b.FDeptID, b.FEmpID, b.FBillID FROM t_Bill b" +
+                            std::string(indexing.view()) + " WHERE " + conditions.Text());
         conditions.BindTo(found);
-        const std::int64_t shownFrom =
-            filter_.Day("BDate").value_or(std::numeric_limits<std::int64_t>::min());
         while (found.Step()) {
             const auto kind = static_cast<BillKind>(found.Int(0));
             if (!Counts(kind)) continue;
             const BillKindRow& row = RowOf(kind);
             const bool paidAtOnce = row.receivable != 0 || row.payable != 0;
             const std::int64_t money = row.cash * (paidAtOnce ? found.Int(3) : found.Int(2));
-            if (money == 0) continue;
-            if (found.Int(1) < shownFrom) {
+            if (firstDay_ && found.Int(1) < *firstDay_) {
                 balanceBefore_ += end == End::To ? -money : money;
-            } else {
+            } else if (money != 0) {
                 Add(found, kind, money, end);
             }
         }
     }
 
     void Add(const Statement& found, BillKind kind, std::int64_t money, End end) {
-        const bool comesBack = end != End::From && kind == BillKind::BankTransfer;
-        const bool goes = end != End::To;
-        const std::int64_t first = goes ? money : 0, second = comesBack ? -money : 0;
-        movements_.push_back({.kind = kind,
-                              .day = found.Int(1),
-                              .in = std::max<std::int64_t>(first, 0) + std::max<std::int64_t>(second, 0),
-                              .out = -std::min<std::int64_t>(first, 0) - std::min<std::int64_t>(second, 0),
+        const std::int64_t from = end == End::To ? 0 : money;
+        const std::int64_t to = end != End::From && kind == BillKind::BankTransfer ? -money : 0;
+        movements_.push_back({.day = found.Int(1),
+                              .bill = found.Int(9),
+                              .in = std::max<std::int64_t>(from, 0) + std::max<std::int64_t>(to, 0),
+                              .out = -std::min<std::int64_t>(from, 0) - std::min<std::int64_t>(to, 0),
+                              .kind = kind,
                               .party = &items_.Of(found.Int(6)),
                               .department = &items_.Of(found.Int(7)),
                               .employee = &items_.Of(found.Int(8)),
@@ -159,6 +195,7 @@ class MovementReader {
 
     AccountSet& set_;
     const ReportFilter filter_;
+    const std::optional<std::int64_t> firstDay_, lastDay_;
     Conditions conditions_;
     std::array<bool, std::size(kBillKinds) + 1> counts_{};
     ItemTexts items_;
@@ -247,7 +284,7 @@ std::vector<OpenedAccount> AccountsOf(AccountSet& set, const std::string& code) 
 
 Ref<RecordSet> MoneyMovements(AccountSet& set, const Dictionary& filter) {
     MovementReader reader(set, filter);
-    reader.ReadKinds();
+    reader.ReadPeriod();
     return MovementWriter(false).Write(reader.Sorted());
 }
 

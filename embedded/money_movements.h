@@ -7,7 +7,7 @@
 
 namespace qor {
 
-/// The bills with which money moved, by date, then by kind and number of the bill: those of other income and
+/// The bills with which money moved, by date, then as they were entered: those of other income and
 /// expenses always, all others as the Include keys say. A bank transfer is one row with both amounts.
 Ref<RecordSet> MoneyMovements(AccountSet& set, const Dictionary& filter);
 
