@@ -2,6 +2,8 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
+#include <string_view>
+#include <vector>
 
 #include "viewer/command_import.h"
 #include "viewer/command_list.h"
@@ -13,7 +15,7 @@ namespace {
 
 constexpr int kWrongArguments = 2;
 
-/// "a command was expected: play or run"
+/// "a command was expected: play or run, or the number of a report"
 std::string ExpectedCommand(const CLI::App& program) {
     std::string names;
     const auto commands = program.get_subcommands({});
@@ -21,7 +23,7 @@ std::string ExpectedCommand(const CLI::App& program) {
         if (i > 0) names += i + 1 < commands.size() ? ", " : " or ";
         names += commands[i]->get_name();
     }
-    return "a command was expected: " + names;
+    return "a command was expected: " + names + ", or the number of a report";
 }
 
 /// One line that says what was expected.
@@ -38,8 +40,19 @@ void TellMistake(const CLI::App& program, const CLI::ParseError& mistake) {
     std::cerr << command << ": " << message << " (see " << command << " --help)\n";
 }
 
+/// The arguments with "run" ahead of a report's number: `qorview 10522` is `qorview run 10522`.
+std::vector<const char*> WithCommand(int count, char** arguments) {
+    std::vector<const char*> all(arguments, arguments + count);
+    const std::string_view first = count > 1 ? arguments[1] : "";
+    const bool isNumber = !first.empty() && first.find_first_not_of("0123456789") == std::string_view::npos;
+    if (isNumber) all.insert(all.begin() + 1, "run");
+    return all;
+}
+
 int Run(int count, char** arguments) {
     CLI::App program("Runs the receivable, payable and cash reports", "qorview");
+    program.footer(
+        "A report's number alone runs it: qorview 10522 --drill 0 is qorview run 10522 --drill 0.");
     program.require_subcommand(1);
     int status = 0;
     qor::viewer::AddListCommand(program, status);
@@ -48,7 +61,8 @@ int Run(int count, char** arguments) {
     qor::viewer::AddSampleCommand(program, status);
     qor::viewer::AddImportCommand(program, status);
     try {
-        program.parse(count, arguments);
+        const std::vector<const char*> all = WithCommand(count, arguments);
+        program.parse(static_cast<int>(all.size()), all.data());
     } catch (const CLI::ParseError& mistake) {
         if (mistake.get_exit_code() == 0) return program.exit(mistake);  // --help
         TellMistake(program, mistake);

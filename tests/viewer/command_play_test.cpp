@@ -9,6 +9,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "support/temp_folder.h"
 #include "viewer/json.h"
 
 namespace qor::viewer {
@@ -112,6 +113,25 @@ TEST(Program, AMistakeInTheArgumentsGivesOneLineThatSaysWhatWasExpected) {
         EXPECT_THAT(outcome.out, StartsWith(line)) << arguments;
         EXPECT_EQ(LinesIn(outcome.out), 1) << outcome.out;
     }
+}
+
+TEST(Program, AReportsNumberAloneRunsIt) {
+    const test::TempFolder home;
+    setenv("QORVIEW_HOME", home.path().c_str(), 1);
+    const std::string firm = (home / "firm.db").string();
+    RunProgram("sample " + firm + " --bills 300");
+    const std::string rest =
+        " --account-set " + firm + " --format csv --columns all --set DtpBDate=2022-01-01";
+    for (const char* number : {"10521", "10522", "10523", "10524"}) {
+        const Outcome outcome = RunProgram(number + rest);
+        EXPECT_EQ(outcome.status, 0) << outcome.out;
+        EXPECT_GT(LinesIn(outcome.out), 3) << number;
+        EXPECT_EQ(outcome.out, RunProgram("run " + (number + rest)).out);
+    }
+    EXPECT_THAT(RunProgram("10521" + rest + " --drill 0").out, HasSubstr("SR-")) << "the bills of a class";
+    EXPECT_EQ(RunProgram("10499" + rest).status, 2);
+    EXPECT_THAT(RunProgram("--help").out, HasSubstr("qorview run 10522"));
+    unsetenv("QORVIEW_HOME");
 }
 
 TEST(Program, HelpStandsForTheProgramAndForEachCommand) {
