@@ -140,7 +140,7 @@ class Detail {
     void WriteSummary(const LedgerParty& party, const char* kind, Value explanation, const LedgerSums& sums,
                       std::int64_t balance, SumSort sort) {
         column_ = 0;
-        AddCell(sort == kRow && firstDay_ ? Value(Date{static_cast<double>(*firstDay_)}) : Value());
+        AddCell(sort == kRow && firstDay_ ? Value(Date{static_cast<double>(*firstDay_)}) : Value::Null());
         AddCell(kind);
         AddCell(blank_);
         AddCell(std::move(explanation));

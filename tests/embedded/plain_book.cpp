@@ -23,8 +23,9 @@ bool UsesAdvance(const BookBill& bill) {
 PlainBook::PlainBook(AccountSet& set) {
     Statement item(set.database(),
                    "SELECT i.FItemID, FItemClassID, FNumber, FName, FDetail=1 AND FDeleted=0, FRightUserID, "
-                   "FBeginAmount, FModel, FUnitID FROM t_Item i LEFT JOIN t_Party p ON p.FItemID=i.FItemID "
-                   "LEFT JOIN t_Account a ON a.FItemID=i.FItemID LEFT JOIN t_Goods g ON g.FItemID=i.FItemID");
+                   "FBeginAmount, FModel, FUnitID, FMatchSupplyID, FCreditLimit, FCreditDays FROM t_Item i "
+                   "LEFT JOIN t_Party p ON p.FItemID=i.FItemID LEFT JOIN t_Account a ON a.FItemID=i.FItemID "
+                   "LEFT JOIN t_Goods g ON g.FItemID=i.FItemID");
     while (item.Step()) {
         items[item.Int(0)] = {static_cast<std::int32_t>(item.Int(1)),
                               std::string(item.Text(2)),
@@ -33,18 +34,37 @@ PlainBook::PlainBook(AccountSet& set) {
                               std::string(item.Text(5)),
                               item.Int(6),
                               std::string(item.Text(7)),
-                              item.Int(8)};
+                              item.Int(8),
+                              item.Int(9),
+                              item.Int(10),
+                              item.Int(11)};
     }
     Statement bill(set.database(),
                    "SELECT FBillID, FBillType, FBillNo, FDate, FState, FCustID, FSupplyID, FToPartyID, "
                    "FDeptID, FEmpID, FAcctID, FToAcctID, FAmount, FSettleAmount, FDiscount, FBillerID, "
-                   "FInvoiceNo, FVchNumber, FExplanation FROM t_Bill ORDER BY FBillID");
+                   "FInvoiceNo, FVchNumber, FExplanation, FRelatedID, FDueDate FROM t_Bill ORDER BY FBillID");
     while (bill.Step()) {
-        bills.push_back({bill.Int(0), static_cast<BillKind>(bill.Int(1)), std::string(bill.Text(2)),
-                         bill.Int(3), bill.Int(4), bill.Int(5), bill.Int(6), bill.Int(7), bill.Int(8),
-                         bill.Int(9), bill.Int(10), bill.Int(11), bill.Int(12), bill.Int(13), bill.Int(14),
-                         bill.Int(15), std::string(bill.Text(16)), std::string(bill.Text(17)),
-                         std::string(bill.Text(18))});
+        bills.push_back({bill.Int(0),
+                         static_cast<BillKind>(bill.Int(1)),
+                         std::string(bill.Text(2)),
+                         bill.Int(3),
+                         bill.Int(4),
+                         bill.Int(5),
+                         bill.Int(6),
+                         bill.Int(7),
+                         bill.Int(8),
+                         bill.Int(9),
+                         bill.Int(10),
+                         bill.Int(11),
+                         bill.Int(12),
+                         bill.Int(13),
+                         bill.Int(14),
+                         bill.Int(15),
+                         std::string(bill.Text(16)),
+                         std::string(bill.Text(17)),
+                         std::string(bill.Text(18)),
+                         bill.Int(19),
+                         bill.Int(20)});
     }
     Statement settlement(
         set.database(),
@@ -60,6 +80,10 @@ PlainBook::PlainBook(AccountSet& set) {
     while (line.Step()) {
         goods.push_back({line.Int(0), line.Int(1), line.Int(2), line.Int(3), line.Int(4), line.Int(5),
                          line.Int(6), line.Int(7), std::string(line.Text(8)), std::string(line.Text(9))});
+    }
+    Statement field(set.database(), "SELECT FBillID, FIndex, FText FROM t_BillHeadField");
+    while (field.Step()) {
+        headFields[{field.Int(0), field.Int(1)}] = field.Text(2);
     }
     Statement user(set.database(), "SELECT FUserID, FName FROM t_User");
     while (user.Step()) {

@@ -22,6 +22,7 @@ struct BookItem {
     std::int64_t begin = 0;  // of an account
     std::string model;       // of goods
     std::int64_t unit = 0;
+    std::int64_t match = 0, creditLimit = 0, creditDays = 0;  // of a party
 };
 
 struct BookBill {
@@ -34,6 +35,7 @@ struct BookBill {
     std::int64_t amount = 0, settled = 0, discount = 0;
     std::int64_t biller = 0;
     std::string invoice, voucher, explanation;
+    std::int64_t related = 0, dueDay = 0;
 
     std::int64_t Party(PartySide side) const { return side == PartySide::Customer ? customer : supplier; }
 };
@@ -69,6 +71,7 @@ struct PlainBook {
     std::vector<BookSettlement> settlements;
     std::vector<BookGoods> goods;  // by bill and line
     std::map<std::int64_t, std::string> users;
+    std::map<std::pair<std::int64_t, std::int64_t>, std::string> headFields;  // by bill and index
 };
 
 }  // namespace qor::test
