@@ -1,5 +1,7 @@
 // Letting go of objects that hold each other: reference counts alone would keep them for ever.
+#include <algorithm>
 #include <unordered_set>
+#include <vector>
 
 #include "library.h"
 #include "platform/dictionary.h"
@@ -10,7 +12,7 @@ namespace qor::viewer {
 
 namespace {
 
-/// Empties every dictionary that can be reached; a list holds nothing but through dictionaries.
+/// Empties every dictionary and every list that can be reached.
 class Emptier {
  public:
     void Visit(const Value& value) {
@@ -28,9 +30,12 @@ class Emptier {
                 Visit(held);
             }
         } else if (auto* list = dynamic_cast<ArrayVector*>(object.get())) {
+            std::vector<Value> held;
             for (std::int32_t i = 1; i <= list->Count(); ++i) {
-                Visit(list->Item(i));
+                held.push_back(list->Item(i));
             }
+            list->Clear();
+            std::ranges::for_each(held, [this](const Value& each) { Visit(each); });
         }
     }
 

@@ -38,8 +38,8 @@ constexpr Routine kRoutines[] = {
     {"GetPropsString", 0, 0, [](Process& p, Arguments) -> Value { return p.session.GetPropsString(); }},
     {"GetSharedProperty", 1, 2,
      [](Process& p, Arguments a) {
-         Variable<std::string> key(a[0], Text(a, 0));
-         return p.session.GetSharedProperty(*key);
+         a[0] = Text(a, 0);
+         return p.session.GetSharedProperty(a[0]);
      },
      true},
     {"ParsePropsString", 1, 1,
@@ -64,9 +64,8 @@ constexpr Routine kRoutines[] = {
     {"AddRightClause", 2, 2,
      [](Process& p, Arguments a) -> Value {
          const Ref<Vector> items = As<Vector>(a[0]);
-         if (!items) Raise(Automation::ObjectNotSet);
          Variable<std::string> clause(a[1], Text(a, 1));
-         return p.dataRights.AddRightClause(*items, *clause);
+         return p.dataRights.AddRightClause(items.get(), *clause);
      },
      true},
     {"NewUserFieldSpec", 4, 4,
@@ -82,7 +81,7 @@ constexpr Routine kRoutines[] = {
      [](Process& p, Arguments a) {
          Variable<Ref<Dictionary>> options(a[1], As<Dictionary>(a[1]));
          Variable<std::string> section(a[2], Text(a, 2));
-         p.texts.LoadFormResources(ObjectIn(a[0]), *options, *section);
+         p.texts.LoadFormResources(a[0].IsObject() ? a[0].object() : nullptr, *options, *section);
          return Value();
      },
      true},

@@ -108,7 +108,7 @@ Ref<Object> Surroundings::CreateComponent(std::string_view name) {
 }
 
 Ref<Object> Surroundings::Create(std::string_view name) {
-    if (process_) {
+    if (process_ && !server_.script.IsRemoved(name)) {
         if (Ref<Object> report = CreateReportClass(*process_, name)) return report;
     }
     if (ComponentExists(server_, name)) return MakeComponent(server_, name);

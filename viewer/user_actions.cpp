@@ -91,13 +91,14 @@ bool ClickButton(Scene& scene, const Json& action) {
 
 bool EditCell(Scene& scene, const Json& action) {
     auto& grid = ControlOf<Grid>(scene, action, "cell", Control::Kind::Grid);
-    return User(scene.form)
-        .Cell(grid, NumberAt(action, "row"), NumberAt(action, "column"), TextAt(action, "text"));
+    return scene.IsOpen() &&
+           User(scene.form)
+               .Cell(grid, NumberAt(action, "row"), NumberAt(action, "column"), TextAt(action, "text"));
 }
 
 bool GoToRow(Scene& scene, const Json& action) {
-    return User(scene.form)
-        .Row(ControlOf<Grid>(scene, action, "row", Control::Kind::Grid), NumberAt(action, "to"));
+    auto& grid = ControlOf<Grid>(scene, action, "row", Control::Kind::Grid);
+    return scene.IsOpen() && User(scene.form).Row(grid, NumberAt(action, "to"));
 }
 
 bool ActivateAgain(Scene& scene, const Json&) {

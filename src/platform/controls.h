@@ -76,7 +76,8 @@ class Control {
     bool IsShown() const;
     /// Enabled, and standing in no disabled container.
     bool IsUsable() const;
-    virtual bool TakesFocus() const { return false; }  // whether its kind does at all
+    virtual bool TakesFocus() const { return false; }        // whether its kind does at all
+    virtual bool IsTabStop() const { return TakesFocus(); }  // whether Tab halts there
     bool CanHaveFocus() const { return TakesFocus() && IsShown() && IsUsable(); }
     /// Moves the focus here. Raises 5 where the control cannot have it.
     void SetFocus();
@@ -267,6 +268,8 @@ class Spin final : public Control {
     Spin(Form& form, std::string name, Bounds bounds, Control* container = nullptr)
         : Control(form, Kind::Spin, std::move(name), bounds, container) {}
 
+    bool TakesFocus() const override { return true; }
+    bool IsTabStop() const override { return false; }  // Tab goes from box to box
     std::int32_t value() const { return value_; }
     std::int32_t min() const { return min_; }
     std::int32_t max() const { return max_; }

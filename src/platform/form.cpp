@@ -128,8 +128,9 @@ void Form::MoveFocusByTab(bool backwards) {
     if (position == count) position = backwards ? count : -1;
     for (std::ptrdiff_t step = 1; step <= count; ++step) {
         const auto next = ((backwards ? position - step : position + step) % count + count) % count;
-        if (controls_[static_cast<std::size_t>(next)]->CanHaveFocus()) {
-            MoveFocus(*controls_[static_cast<std::size_t>(next)]);
+        Control& control = *controls_[static_cast<std::size_t>(next)];
+        if (control.IsTabStop() && control.CanHaveFocus()) {
+            MoveFocus(control);
             return;
         }
     }

@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <iterator>
 #include <limits>
 #include <string>
 #include <system_error>
 
 #include "platform/conversions.h"
+#include "platform/error.h"
 
 namespace qor {
 
@@ -137,6 +139,7 @@ double Val(std::string_view text) {
     if (const auto bits = TakeBits(rest)) return ValueOfLiteral(*bits, rest);
     const bool negative = TakeSign(rest);
     const double value = TakeDecimal(rest, false).value_or(0);
+    if (std::isinf(value)) Raise(Automation::Overflow);
     return negative && value != 0 ? -value : value;
 }
 

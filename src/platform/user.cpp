@@ -116,7 +116,7 @@ bool User::Date(DatePicker& picker, qor::Date date) {
 }
 
 bool User::Spin(qor::Spin& spin, std::int32_t value) {
-    if (!spin.IsShown() || !spin.IsUsable()) return false;
+    if (!Focus(spin)) return false;
     spin.SetValue(value);
     return true;
 }

@@ -26,6 +26,7 @@ class ArrayVector final : public Vector {
     std::int32_t Count() const override { return static_cast<std::int32_t>(items_.size()); }
     void Add(Value item) override { items_.push_back(std::move(item)); }
     Value Item(std::int32_t index) const override;
+    void Clear() { items_.clear(); }
 
  private:
     std::vector<Value> items_;

@@ -17,7 +17,7 @@ void frmProgBar::OnLoad() {
     // A translation that cannot be loaded leaves the window in its own language.
     IgnoringErrors([this] {
         Ref<Dictionary> options;
-        process_.texts.LoadFormResources(*this, options, "Q9INDUSTRY");
+        process_.texts.LoadFormResources(this, options, "Q9INDUSTRY");
     });
 }
 

@@ -66,7 +66,7 @@ std::string Report::DataRightClause() {
         items->Add(process_.dataRights.NewRightItem(item.dataTable, item.dataTableAs, item.itemClassType));
     }
     std::string clause;
-    process_.dataRights.AddRightClause(*items, clause);
+    process_.dataRights.AddRightClause(items.get(), clause);
     return clause;
 }
 

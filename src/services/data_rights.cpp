@@ -63,11 +63,12 @@ bool DataRights::NeedAuthrize() {
     return needed;
 }
 
-bool DataRights::AddRightClause(Vector& items, std::string& clause) {
+bool DataRights::AddRightClause(Vector* items, std::string& clause) {
     if (!NeedAuthrize()) return false;
     session_.ParsePropsString(session_.GetPropsString());
-    for (std::int32_t i = 1, count = items.Count(); i <= count; ++i) {
-        const Ref<Dictionary> item = As<Dictionary>(items.Item(i));
+    if (!items) Raise(Automation::ObjectNotSet);
+    for (std::int32_t i = 1, count = items->Count(); i <= count; ++i) {
+        const Ref<Dictionary> item = As<Dictionary>(items->Item(i));
         if (!item) Raise(Automation::ObjectNotSet);
         if (!IsSubjectToRights(ToText(item->Get("DataTable")))) continue;
         if (!Lists(GetAuthrizeItemClassList(), ToText(item->Get("ItemClassType")))) continue;

@@ -22,8 +22,8 @@ class DataRights {
     /// Whether this account set uses rights at all; false on any failure. The first call asks the server.
     bool NeedAuthrize();
     /// Extends `clause` by one condition for each right item (DataTable, DataTableAs, ItemClassType) that is
-    /// subject to rights. Answers whether rights were evaluated.
-    bool AddRightClause(Vector& items, std::string& clause);
+    /// subject to rights. Answers whether rights were evaluated; no list is an error (91) only then.
+    bool AddRightClause(Vector* items, std::string& clause);
     /// A new right item.
     Ref<Dictionary> NewRightItem(std::string_view dataTable, std::string_view alias,
                                  std::string_view itemClass);

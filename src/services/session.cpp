@@ -40,14 +40,18 @@ std::string_view TakeValue(std::string_view& rest) {
 std::string Session::GetPropsString() { return ToText(GetSharedProperty("PropsString")); }
 
 Value Session::GetSharedProperty(std::string_view key) {
+    Value replaceable = key;
+    return GetSharedProperty(replaceable);
+}
+
+Value Session::GetSharedProperty(Value& key) {
     Value process = platform_.ProcessNumber();
-    Value keyVariable = key;
     // Each service is asked once whether its answer is an object, and once more for the answer itself.
     const auto ask = [&](const Ref<Object>& service, std::string_view member) {
         Value answer;
         const auto call = [&] {
             if (!service) Raise(Automation::ObjectNotSet);
-            return service->Call(member, Argument::ByRef(process), Argument::ByRef(keyVariable));
+            return service->Call(member, Argument::ByRef(process), Argument::ByRef(key));
         };
         IgnoringErrors([&] { call(); });
         IgnoringErrors([&] { answer = call(); });
@@ -61,7 +65,7 @@ Value Session::GetSharedProperty(std::string_view key) {
         IgnoringErrors(
             [&] { outer = ToInt32(cache->Call("GetItem", Argument::ByRef(process), "IsOuterLogin")); });
     }
-    if (outer == kOuterLogin && std::ranges::find(kOuterKeys, key) != std::end(kOuterKeys)) {
+    if (outer == kOuterLogin && std::ranges::find(kOuterKeys, ToText(key)) != std::end(kOuterKeys)) {
         return ask(cache, "GetItem");
     }
     if (outer != kNormalLogin) return {};

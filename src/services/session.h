@@ -22,6 +22,8 @@ class Session {
     std::string GetPropsString();
     /// One value of the session store; Empty on every failure.
     Value GetSharedProperty(std::string_view key);
+    /// The same, where the service may replace the key.
+    Value GetSharedProperty(Value& key);
 
     /// Splits `properties` for GetPropsValue; always true. A repeated key raises 457.
     bool ParsePropsString(std::string_view properties);

@@ -31,7 +31,7 @@ std::string Texts::GetSessionValue(std::string_view key) {
     return end < begin ? "" : properties.substr(begin, end - begin);
 }
 
-void Texts::LoadFormResources(Object& form, Ref<Dictionary>& options, std::string_view section) {
+void Texts::LoadFormResources(Object* form, Ref<Dictionary>& options, std::string_view section) {
     Value language = language_.empty() ? GetSessionValue("LANGUAGE") : language_;
     if (EqualsIgnoringCase(language.text(), kBuiltInLanguage)) return;
 
@@ -40,7 +40,7 @@ void Texts::LoadFormResources(Object& form, Ref<Dictionary>& options, std::strin
         options = platform_.NewDictionary();
         options->Put("NeedMLColumnHeaders", true);
     }
-    Value formVariable = Ref<Object>(&form);
+    Value formVariable = Ref<Object>(form);
     Value sectionVariable = section;
     Value optionsVariable = options;
     loader->Call("LoadFrmResStrings", Argument::ByRef(formVariable), Argument::ByRef(language), "",

@@ -25,7 +25,7 @@ class Texts {
     std::string GetSessionValue(std::string_view key);
     /// Hands a form to the resource loader when the language is not the built-in one; `options` is made where
     /// it is nothing and takes what the loader leaves in it.
-    void LoadFormResources(Object& form, Ref<Dictionary>& options, std::string_view section);
+    void LoadFormResources(Object* form, Ref<Dictionary>& options, std::string_view section);
 
  private:
     Platform& platform_;

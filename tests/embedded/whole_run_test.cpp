@@ -30,7 +30,7 @@ TEST(WholeRun, TheClauseThatTheClientWritesIsTheOneThatTheServerTakes) {
     const Ref<Vector> items = host.platform.NewVector();
     items->Add(item);
     std::string clause;
-    ASSERT_TRUE(host.process.dataRights.AddRightClause(*items, clause));
+    ASSERT_TRUE(host.process.dataRights.AddRightClause(items.get(), clause));
     EXPECT_EQ(clause, " (CharIndex('16',t1.FRightUserID)>0 OR ISNULL(t1.FItemID,0)=0) ");
 }
 

@@ -207,7 +207,6 @@ TEST_F(ControlsTest, OnlySomeKindsTakeTheFocus) {
         switch (control->kind()) {
             case Control::Kind::Label:
             case Control::Kind::Frame:
-            case Control::Kind::Spin:
             case Control::Kind::Progress:
             case Control::Kind::Animation:
             case Control::Kind::Inert:

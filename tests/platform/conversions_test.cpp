@@ -352,9 +352,10 @@ TEST(Val, ReadsTheNumberAtTheHeadOfAText) {
     }
 }
 
-TEST(Val, NeverRaises) {
-    EXPECT_EQ(RaisedBy([] { Val("1e999"); }), kNoError);
-    EXPECT_EQ(Val("1e999"), std::numeric_limits<double>::infinity());
+TEST(Val, RaisesOverflowBeyondADouble) {
+    EXPECT_EQ(RaisedBy([] { Val("1e999"); }), Automation::Overflow);
+    EXPECT_EQ(RaisedBy([] { Val("-1e999"); }), Automation::Overflow);
+    EXPECT_EQ(RaisedBy([] { Val("1e-999"); }), kNoError);
 }
 
 TEST(IsNumeric, HoldsForNumbersBooleansEmptyAndNumericText) {

@@ -52,7 +52,7 @@ TEST_F(UserTest, ActsOnEveryKindOfControl) {
         EXPECT_TRUE(user.Select(form->list, 1));
         EXPECT_TRUE(user.Date(form->date, Date{44000}));
         EXPECT_TRUE(user.Spin(form->spin, 3));
-        EXPECT_EQ(form->focus(), &form->date);
+        EXPECT_EQ(form->focus(), &form->spin);
         EXPECT_TRUE(user.Click(form->button));
     });
     EXPECT_EQ(form->first.text(), "010");

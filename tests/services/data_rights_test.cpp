@@ -125,7 +125,7 @@ class AddRightClause : public testing::Test {
     void AddItem(std::string_view table, std::string_view alias, std::string_view itemClass) {
         items->Add(test.process.dataRights.NewRightItem(table, alias, itemClass));
     }
-    bool Add() { return test.process.dataRights.AddRightClause(*items, clause); }
+    bool Add() { return test.process.dataRights.AddRightClause(items.get(), clause); }
 
     TestProcess test;
     Ref<Vector> items = test.platform.NewVector();

@@ -59,7 +59,7 @@ TEST(LoadFormResources, DoesNothingInTheBuiltInLanguage) {
     OrderedDictionary* form = new OrderedDictionary;
     const Ref<Object> kept(form);
     Ref<Dictionary> options;
-    test.process.texts.LoadFormResources(*form, options, "Q9INDUSTRY");
+    test.process.texts.LoadFormResources(form, options, "Q9INDUSTRY");
     EXPECT_FALSE(options);
     EXPECT_THAT(test.platform.log(), IsEmpty());
 }
@@ -73,7 +73,7 @@ class LoadFormResourcesInEnglish : public testing::Test {
 };
 
 TEST_F(LoadFormResourcesInEnglish, HandsTheFormToTheLoader) {
-    texts.LoadFormResources(*form, options, "Q9INDUSTRY");
+    texts.LoadFormResources(form.get(), options, "Q9INDUSTRY");
     EXPECT_THAT(
         test.platform.log(),
         testing::ElementsAre("create QORFrmRes.FrmResLoader",
@@ -87,7 +87,7 @@ TEST_F(LoadFormResourcesInEnglish, HandsTheFormToTheLoader) {
 TEST_F(LoadFormResourcesInEnglish, LeavesOptionsThatItIsGivenAsTheyAre) {
     options = test.platform.NewDictionary();
     const Ref<Dictionary> given = options;
-    texts.LoadFormResources(*form, options, "Q9INDUSTRY");
+    texts.LoadFormResources(form.get(), options, "Q9INDUSTRY");
     EXPECT_EQ(options, given);
     EXPECT_EQ(options->Count(), 0U);
 }
@@ -99,14 +99,14 @@ TEST_F(LoadFormResourcesInEnglish, TakesTheOptionsThatTheLoaderLeaves) {
             *a[4] = others;
             return {};
         });
-    texts.LoadFormResources(*form, options, "Q9INDUSTRY");
+    texts.LoadFormResources(form.get(), options, "Q9INDUSTRY");
     EXPECT_EQ(options, others);
 }
 
 TEST_F(LoadFormResourcesInEnglish, LetsTheLoadersErrorThrough) {
     test.platform.Component("QORFrmRes.FrmResLoader")
         .Raises("LoadFrmResStrings", Error(77, "Loader", "no strings"));
-    const auto error = ErrorOf([&] { texts.LoadFormResources(*form, options, "Q9INDUSTRY"); });
+    const auto error = ErrorOf([&] { texts.LoadFormResources(form.get(), options, "Q9INDUSTRY"); });
     ASSERT_TRUE(error);
     EXPECT_EQ(error->number(), 77);
     EXPECT_THAT(test.platform.log(), Contains("release QORFrmRes.FrmResLoader"));
@@ -116,7 +116,7 @@ TEST(LoadFormResources, TakesTheBuiltInLanguageInWhateverCase) {
     TestProcess test;
     Texts texts(test.platform, test.process.session, "CHS");
     Ref<Dictionary> options;
-    texts.LoadFormResources(*test::Readable({}), options, "Q9INDUSTRY");
+    texts.LoadFormResources(test::Readable({}).get(), options, "Q9INDUSTRY");
     EXPECT_THAT(test.platform.log(), IsEmpty());
 }
 
