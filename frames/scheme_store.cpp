@@ -50,8 +50,11 @@ bool SchemeBook::Remove(std::int32_t rptID, std::string_view name) {
     if (!Find(rptID, name)) return false;
     Page& kept = page(rptID);
     std::erase_if(kept.schemes, [name](const Named& each) { return each.name == name; });
-    if (kept.lastUsed == name) kept.lastUsed.clear();
-    if (kept.schemes.empty()) pages_.erase(rptID);
+    if (kept.schemes.empty()) {
+        pages_.erase(rptID);
+    } else if (kept.lastUsed == name) {
+        kept.lastUsed = kept.schemes.back().name;  // while there are schemes, a dialog starts from one
+    }
     return true;
 }
 

@@ -62,11 +62,11 @@ TEST_F(FileSchemes, TheLastOneSavedOrUsedIsRemembered) {
     EXPECT_EQ(FileSchemeStore(file).LastUsed(10522), "甲");
 }
 
-TEST_F(FileSchemes, RemovingTheLastUsedOneLeavesNone) {
+TEST_F(FileSchemes, RemovingTheLastUsedOneLeavesTheOneSavedLast) {
     store.Save(10522, "甲", kScheme);
     store.Save(10522, "乙", kOther);
     EXPECT_TRUE(store.Remove(10522, "乙"));
-    EXPECT_EQ(FileSchemeStore(file).LastUsed(10522), "");
+    EXPECT_EQ(FileSchemeStore(file).LastUsed(10522), "甲");
     EXPECT_THAT(FileSchemeStore(file).Names(10522), ElementsAre("甲"));
     EXPECT_FALSE(store.Remove(10522, "乙"));
 }

@@ -143,7 +143,7 @@ TEST_F(PlainFrameTest, ALoadedSchemeIsTheLastUsedOne) {
     EXPECT_EQ(next.form.number, "1");
 }
 
-TEST_F(PlainFrameTest, DeletingTheCurrentSchemeLeavesTheScreenAndTheNextDialogHasTheDefaults) {
+TEST_F(PlainFrameTest, DeletingTheCurrentSchemeLeavesTheScreenAndTheNextDialogHasAnother) {
     dialog.Init();
     dialog.frame.SaveScheme("甲");
     dialog.form.number = "2";
@@ -156,7 +156,12 @@ TEST_F(PlainFrameTest, DeletingTheCurrentSchemeLeavesTheScreenAndTheNextDialogHa
 
     Dialog next(platform, store);
     next.Init();
-    EXPECT_THAT(next.form.events, ElementsAre("defaults"));
+    EXPECT_EQ(next.frame.CurrentSchemeName(), "甲");
+    next.frame.DeleteScheme("甲");
+
+    Dialog last(platform, store);
+    last.Init();
+    EXPECT_THAT(last.form.events, ElementsAre("defaults"));
 }
 
 TEST_F(PlainFrameTest, DeletingAnotherSchemeKeepsTheCurrentOne) {
