@@ -129,12 +129,14 @@ void SchemeDialog::OnLoad() {
 
     SetCaption(ResText("过滤"));
     FillCheckStates(cmbCheckState);
-    const std::int32_t appType = process_.bag.GetAppType();
-    if (description_.hidesCheckStateForAppType1 && appType == 1) {
-        lblStatus.SetVisible(false);
-        cmbCheckState.SetVisible(false);
+    if (description_.fitsAppTypeAtLoad) {
+        const std::int32_t appType = process_.bag.GetAppType();
+        if (appType == 1) {
+            lblStatus.SetVisible(false);
+            cmbCheckState.SetVisible(false);
+        }
+        if (CheckBox* rebates = FindCheck("chkIncludeFL")) rebates->SetVisible(appType == 4);
     }
-    if (CheckBox* rebates = FindCheck("chkIncludeFL")) rebates->SetVisible(appType == 4);
     FillLists();
     frame_->AttachDateTypes(cmbDateType, BEGDate, ENDDate,
                             [this] { return ToDate(process_.systemProfile.CurrentPeriodFirstDay()); });

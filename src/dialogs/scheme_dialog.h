@@ -57,7 +57,7 @@ struct SchemeDialogDescription {
     const PartyList* commonParties = nullptr;
     std::string_view statusFrame{};  // a frame of its own for the check states; "" for Frame1
     std::string_view statusCaption = "单据状态:";
-    bool hidesCheckStateForAppType1 = true;
+    bool fitsAppTypeAtLoad = true;  // hides the check states, shows the rebates, by the application type
 };
 
 class SchemeDialog : public FilterDialog, public FrameOwner, protected SchemeFrameHost {

@@ -47,8 +47,14 @@ void Report::SetOutcome(bool ok, std::string_view error) {
     m_Result->Put("Error", error);
 }
 
+bool Report::IsConfirmed() const {
+    const Value ok = m_Result->Get("OK");
+    return ok.IsNull() || ToBoolean(ok);
+}
+
 void Report::SetExtFirter(std::string_view identifier) {
     m_FilterID = identifier;
+    IdentifierNumber();  // a number beyond 32 bits is refused here
     BuildProperty();
 }
 
@@ -133,7 +139,7 @@ void Report::TakeDialogResult(FilterDialog& dialog) {
 void Report::GetReportData() {
     const Ref<Report> kept(this);
     const bool done = IgnoringErrors([this] {
-        if (!ToBoolean(m_Result->Get("OK"))) return;
+        if (!IsConfirmed()) return;
         switch (description_.family) {
             case Family::DialogKept:
                 break;

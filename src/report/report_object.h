@@ -86,6 +86,9 @@ class Report : public TableObject, private BarEvents {
     /// never run, and so has none, then fails where it would be called.
     void FetchData(bool withProgress);
 
+    /// Whether the last step went well: `OK` of the result does not equal False. Null equals nothing.
+    bool IsConfirmed() const;
+
     // The filter as the pipeline reads it. Reading a filter that is not there raises 91.
     Dictionary& filter() const;
     Value FilterValue(std::string_view key) const { return filter().Get(key); }

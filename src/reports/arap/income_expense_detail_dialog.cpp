@@ -80,7 +80,7 @@ constexpr SchemeDialogDescription kDialog{
     .notInType1 = kNotInType1,
     .statusFrame = "fraBillStatus",
     .statusCaption = "单据状态：",
-    .hidesCheckStateForAppType1 = false,
+    .fitsAppTypeAtLoad = false,
 };
 
 constexpr std::int32_t kSecondColumn = 3440;

@@ -67,7 +67,9 @@ class CategorySummary final : public Report {
     void BuildTitle() override { PutTitleObject(); }
 
     Ref<Dictionary> BuildDetailFilter() override {
-        const Value party = FieldOr(*m_Rs, kind_.partyField, "");
+        // Without the parties the data set need not have the field.
+        Value party = "";
+        IgnoringErrors([&] { party = FieldOr(*m_Rs, kind_.partyField, ""); });
         const bool byParty = ToBoolean(FilterValue(kind_.groupKey));
         if (byParty && ToText(party).empty()) return {};
 

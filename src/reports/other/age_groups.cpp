@@ -124,9 +124,10 @@ void AgeGroups::LockLabels() { grid_.SetLock({kLabel, 1, kLabel, -1}, true); }
 
 void AgeGroups::RefreshGridLocks() {
     std::int32_t free = 1;
-    while (free < grid_.MaxRows() && !grid_.GetText(kLimit, free).empty())
+    while (free <= grid_.MaxRows() && !grid_.GetText(kLimit, free).empty())
         ++free;
-    if (free >= grid_.MaxRows()) grid_.SetMaxRows(free + 1);
+    free = std::min(free, grid_.MaxRows());
+    if (free == grid_.MaxRows()) AddRow();
     grid_.SetLock({kLimit, 1, kLimit, free}, false);
     grid_.SetLock({kLimit, free + 1, kLimit, grid_.MaxRows()}, true);
 }

@@ -87,11 +87,10 @@ class MatchingBalance final : public Report {
     bool HasMatchedParties() {
         Ref<Object> data = process_.platform.CreateComponent(kMatchingBalance.dataComponent);
         Value statement = kMatchedParties;
-        const Ref<RecordSet> parties = As<RecordSet>(
-            data->Call("GetData", process_.session.GetPropsString(), Argument::ByRef(statement)));
+        const Value parties =
+            data->Call("GetData", process_.session.GetPropsString(), Argument::ByRef(statement));
         data = nullptr;
-        if (!parties) Raise(Automation::ObjectNotSet);
-        return !parties->Eof();
+        return !ToBoolean(ObjectIn(parties).Get("EOF"));
     }
 };
 

@@ -93,7 +93,7 @@ class Statement final : public Report {
 void Statement::GetMutilPageData() {
     const Ref<Report> kept(this);
     IgnoringErrors([this] {
-        if (ToBoolean(m_Result->Get("OK"))) FetchData(false);
+        if (IsConfirmed()) FetchData(false);
     });
 }
 
@@ -133,7 +133,8 @@ Ref<RecordSet> Statement::CallDataComponent(Object& component) {
     m_Filter = As<Dictionary>(filterReference);
     m_RowBreakRs = As<RecordSet>(rowBreaks);
     m_MutilPageRs = As<RecordSet>(pages);
-    if (ToDouble(FilterValue("PrintByPg")) == 0) {
+    const Value paged = FilterValue("PrintByPg");
+    if (!paged.IsNull() && ToDouble(paged) == 0) {  // Null equals nothing
         m_MutilPageRs = {};
         m_RowBreakRs = {};
     }

@@ -157,7 +157,7 @@ TEST(AgeGroups, LimitsCanBeTypedDownToTheFirstFreeRow) {
         std::vector<const char*> limits;
         const char* locks;
     };
-    for (const Case& c : {Case{"an empty grid", {}, ".L"}, Case{"one empty row", {""}, ".L"},
+    for (const Case& c : {Case{"an empty grid", {}, "L"}, Case{"one empty row", {""}, ".L"},
                           Case{"two empty rows", {"", ""}, ".L"}, Case{"a hole", {"30", "", "90"}, "..L"},
                           Case{"the last row is free", {"30", "......", ""}, "...L"},
                           Case{"no row is free", {"30", "60", "......"}, "...L"},
