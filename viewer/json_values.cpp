@@ -261,9 +261,10 @@ class ValueWriter {
     Json WriteObject(Object& object) {
         if (std::ranges::find(open_, &object) != open_.end()) return {{"$again", true}};
         open_.push_back(&object);
-        Json json = WriteWhole(object);
+        const Ref<Object> reading = names_.Reading(object);
+        Json json = WriteWhole(*reading);
         open_.pop_back();
-        return json.is_null() ? WriteByName(object) : json;
+        return json.is_null() ? WriteByName(object, reading->ClassName()) : json;
     }
 
     /// Null for an object that is not written out.
@@ -307,9 +308,8 @@ class ValueWriter {
         return {{"$recordset", {{"fields", std::move(fields)}, {"rows", std::move(rows)}}}};
     }
 
-    Json WriteByName(const Object& object) {
+    Json WriteByName(const Object& object, std::string_view className) {
         if (const std::string_view name = names_.NameOf(object); !name.empty()) return {{"$ref", name}};
-        const std::string_view className = object.ClassName();
         return {{className.starts_with("Rpt") ? "$report" : "$object", className}};
     }
 

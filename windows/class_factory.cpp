@@ -1,8 +1,6 @@
 #include "windows/class_factory.h"
 
-#include "library.h"
 #include "windows/com_object.h"
-#include "windows/module.h"
 
 namespace qor::windows {
 
@@ -10,7 +8,7 @@ namespace {
 
 class ClassFactory final : public ComObject<IClassFactory> {
  public:
-    explicit ClassFactory(const PublicClass& made) : made_(made) {}
+    explicit ClassFactory(std::function<Ref<Object>()> make) : make_(std::move(make)) {}
 
     STDMETHODIMP QueryInterface(REFIID id, void** object) override {
         if (!object) return E_POINTER;
@@ -25,7 +23,7 @@ class ClassFactory final : public ComObject<IClassFactory> {
         *object = nullptr;
         if (outer) return CLASS_E_NOAGGREGATION;
         return AtBorder(nullptr, [&] {
-            const Ref<Object> made = CreateReportClass(ComponentProcess(), made_.ProgId());
+            const Ref<Object> made = make_();
             return Outward(made.get())->QueryInterface(id, object);
         });
     }
@@ -35,21 +33,19 @@ class ClassFactory final : public ComObject<IClassFactory> {
     }
 
  private:
-    const PublicClass& made_;
+    std::function<Ref<Object>()> make_;
 };
 
 }  // namespace
 
-HRESULT GetFactory(REFCLSID classId, REFIID interfaceId, void** factory) {
+HRESULT AnswerFactory(std::function<Ref<Object>()> make, REFIID interfaceId, void** factory) {
     if (!factory) return E_POINTER;
     *factory = nullptr;
-    for (const PublicClass& publicClass : PublicClasses()) {
-        if (ToGuid(publicClass.ClassId()) != classId) continue;
+    return AtBorder(nullptr, [&] {
         ComPtr<IClassFactory> made;
-        made.Attach(new ClassFactory(publicClass));
+        made.Attach(new ClassFactory(std::move(make)));
         return made->QueryInterface(interfaceId, factory);
-    }
-    return CLASS_E_CLASSNOTAVAILABLE;
+    });
 }
 
 }  // namespace qor::windows

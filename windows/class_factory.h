@@ -1,12 +1,13 @@
-// The class objects of the component: they make one of the public classes each.
+// Class objects: they make the objects of one class each.
 #pragma once
 
+#include <functional>
+
 #include "windows/bridge.h"
-#include "windows/types/class_ids.h"
 
 namespace qor::windows {
 
-/// The factory of a public class, as the interface asked for.
-HRESULT GetFactory(REFCLSID classId, REFIID interfaceId, void** factory);
+/// A class object whose objects `make` makes, as the interface asked for.
+HRESULT AnswerFactory(std::function<Ref<Object>()> make, REFIID interfaceId, void** factory);
 
 }  // namespace qor::windows

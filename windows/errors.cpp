@@ -40,7 +40,7 @@ void TellThread(const Error& error) {
     if (FAILED(CreateErrorInfo(&made))) return;
     made->SetSource(Bstr(error.source()).get());
     made->SetDescription(Bstr(error.description()).get());
-    if (SUCCEEDED(made.As(&info))) SetErrorInfo(0, info.Get());
+    if (SUCCEEDED(made->QueryInterface(IID_PPV_ARGS(&info)))) SetErrorInfo(0, info.Get());
 }
 
 }  // namespace

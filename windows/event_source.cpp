@@ -58,7 +58,7 @@ class ConnectionPoint : public IConnectionPoint {
     STDMETHODIMP Advise(IUnknown* sink, DWORD* cookie) override {
         if (!sink || !cookie) return E_POINTER;
         ComPtr<IDispatch> dispatch;
-        if (FAILED(sink->QueryInterface(events_, reinterpret_cast<void**>(dispatch.GetAddressOf()))) &&
+        if (FAILED(sink->QueryInterface(events_, reinterpret_cast<void**>(&dispatch))) &&
             FAILED(sink->QueryInterface(IID_PPV_ARGS(&dispatch)))) {
             return CONNECT_E_CANNOTCONNECT;
         }

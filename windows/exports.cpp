@@ -1,24 +1,32 @@
 // The exported functions of an in-process component, and the module's entry.
 #include <wctype.h>
 
+#include "library.h"
 #include "windows/class_factory.h"
 #include "windows/com_object.h"
-#include "windows/module.h"
+#include "windows/component_process.h"
 #include "windows/registration.h"
 #include "windows/type_library.h"
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
-    if (reason == DLL_PROCESS_ATTACH) {
-        qor::windows::RememberModule(module);
-        DisableThreadLibraryCalls(module);
-    }
+    if (reason == DLL_PROCESS_ATTACH) DisableThreadLibraryCalls(module);
     if (reason == DLL_PROCESS_DETACH) qor::windows::AbandonComponentProcess();
     return TRUE;
 }
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID interfaceId, LPVOID* factory) {
-    return qor::windows::AtBorder(nullptr,
-                                  [&] { return qor::windows::GetFactory(classId, interfaceId, factory); });
+    using namespace qor;
+    if (!factory) return E_POINTER;
+    *factory = nullptr;
+    return windows::AtBorder(nullptr, [&]() -> HRESULT {
+        for (const windows::PublicClass& known : windows::PublicClasses()) {
+            if (windows::ToGuid(known.ClassId()) != classId) continue;
+            return windows::AnswerFactory(
+                [&known] { return CreateReportClass(windows::ComponentProcess(), known.ProgId()); },
+                interfaceId, factory);
+        }
+        return CLASS_E_CLASSNOTAVAILABLE;
+    });
 }
 
 STDAPI DllCanUnloadNow() {

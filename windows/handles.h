@@ -2,18 +2,16 @@
 #pragma once
 
 #include <ole2.h>
-#include <wrl/client.h>
 
 #include <bit>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "windows/com_ptr.h"
 #include "windows/types/class_ids.h"
 
 namespace qor::windows {
-
-using Microsoft::WRL::ComPtr;
 
 /// The system's form of an identity.
 inline GUID ToGuid(const ComponentId& id) { return std::bit_cast<GUID>(id); }

@@ -2,51 +2,20 @@
 
 #include <string>
 
+#include "windows/class_registration.h"
 #include "windows/handles.h"
 #include "windows/module.h"
 #include "windows/type_library.h"
-#include "windows/types/class_ids.h"
 
 namespace qor::windows {
 
 namespace {
 
-constexpr wchar_t kClasses[] = L"Software\\Classes\\";
 constexpr WORD kMajor = 1, kMinor = 0;
+constexpr bool kIs64Bit = sizeof(void*) == 8;
 
-std::wstring BracedId(const ComponentId& id) { return L"{" + Wide(IdText(id)) + L"}"; }
-
-LSTATUS WriteKey(HKEY root, const std::wstring& key, const wchar_t* name, const std::wstring& text) {
-    return RegSetKeyValueW(root, (kClasses + key).c_str(), name, REG_SZ, text.c_str(),
-                           static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
-}
-
-LSTATUS RegisterClass(HKEY root, const PublicClass& publicClass) {
-    const std::wstring classId = BracedId(publicClass.ClassId()), progId = Wide(publicClass.ProgId());
-    const std::wstring classKey = L"CLSID\\" + classId;
-    struct Entry {
-        std::wstring key;
-        const wchar_t* name;
-        std::wstring text;
-    };
-    const Entry entries[] = {
-        {progId, nullptr, progId},
-        {progId + L"\\CLSID", nullptr, classId},
-        {classKey, nullptr, progId},
-        {classKey + L"\\InprocServer32", nullptr, ModulePath()},
-        {classKey + L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
-        {classKey + L"\\ProgID", nullptr, progId},
-        {classKey + L"\\Programmable", nullptr, L""},
-        {classKey + L"\\TypeLib", nullptr, BracedId(kLibraryId)},
-        {classKey + L"\\Version", nullptr, L"1.0"},
-    };
-    for (const Entry& entry : entries) {
-        if (const LSTATUS status = WriteKey(root, entry.key, entry.name, entry.text);
-            status != ERROR_SUCCESS) {
-            return status;
-        }
-    }
-    return ERROR_SUCCESS;
+RegisteredClass Registered(const PublicClass& publicClass) {
+    return {publicClass.ProgId(), publicClass.ClassId(), true};
 }
 
 /// The per-user forms are missing in some import libraries and in old systems.
@@ -69,37 +38,26 @@ HRESULT RegisterTypes(HKEY root) {
 
 HRESULT RegisterIn(HKEY root) {
     for (const PublicClass& publicClass : PublicClasses()) {
-        if (const LSTATUS status = RegisterClass(root, publicClass); status != ERROR_SUCCESS) {
-            return HRESULT_FROM_WIN32(static_cast<unsigned long>(status));
-        }
+        const LSTATUS status = WriteClass(root, Registered(publicClass));
+        if (status != ERROR_SUCCESS) return HRESULT_FROM_WIN32(static_cast<unsigned long>(status));
     }
     return RegisterTypes(root);
 }
 
-LSTATUS RemoveKey(HKEY root, const std::wstring& key) {
-    const LSTATUS status = RegDeleteTreeW(root, (kClasses + key).c_str());
-    return status == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : status;
-}
-
-/// The description of the other width's component may stand beside ours, in the same key.
-constexpr SYSKIND kOwnWidth = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
-constexpr const wchar_t* kOtherWidth = sizeof(void*) == 8 ? L"\\1.0\\0\\win32" : L"\\1.0\\0\\win64";
-
 void UnregisterTypes(HKEY root) {
     const GUID id = ToGuid(kLibraryId);
+    constexpr SYSKIND kWidth = kIs64Bit ? SYS_WIN64 : SYS_WIN32;
     if (root == HKEY_LOCAL_MACHINE) {
-        UnRegisterTypeLib(id, kMajor, kMinor, LOCALE_NEUTRAL, kOwnWidth);
+        UnRegisterTypeLib(id, kMajor, kMinor, LOCALE_NEUTRAL, kWidth);
     } else {
         using UnregisterForUser = HRESULT(WINAPI*)(REFGUID, WORD, WORD, LCID, SYSKIND);
         if (const auto unregister = TypeLibraryFunction<UnregisterForUser>("UnRegisterTypeLibForUser"))
-            unregister(id, kMajor, kMinor, LOCALE_NEUTRAL, kOwnWidth);
+            unregister(id, kMajor, kMinor, LOCALE_NEUTRAL, kWidth);
     }
+    // The description of the other width's component may stand beside ours, below the same key.
     const std::wstring key = L"TypeLib\\" + BracedId(kLibraryId);
-    HKEY other = nullptr;
-    if (RegOpenKeyExW(root, (kClasses + key + kOtherWidth).c_str(), 0, KEY_READ, &other) == ERROR_SUCCESS) {
-        RegCloseKey(other);
-    } else {
-        RemoveKey(root, key);
+    if (!HasClassesKey(root, key + (kIs64Bit ? L"\\1.0\\0\\win32" : L"\\1.0\\0\\win64"))) {
+        RemoveClassesKey(root, key);
     }
 }
 
@@ -107,14 +65,12 @@ HRESULT UnregisterFrom(HKEY root) {
     UnregisterTypes(root);
     LSTATUS worst = ERROR_SUCCESS;
     for (const PublicClass& publicClass : PublicClasses()) {
-        for (const std::wstring& key :
-             {Wide(publicClass.ProgId()), L"CLSID\\" + BracedId(publicClass.ClassId())}) {
-            if (const LSTATUS status = RemoveKey(root, key); status != ERROR_SUCCESS) worst = status;
-        }
-        RemoveKey(root, L"Interface\\" + BracedId(publicClass.InterfaceId()));
+        const LSTATUS status = RemoveClass(root, Registered(publicClass));
+        if (status != ERROR_SUCCESS) worst = status;
+        RemoveClassesKey(root, L"Interface\\" + BracedId(publicClass.InterfaceId()));
     }
-    RemoveKey(root, L"Interface\\" + BracedId(kBarEventsId));
-    RemoveKey(root, L"Interface\\" + BracedId(kPassEventsId));
+    RemoveClassesKey(root, L"Interface\\" + BracedId(kBarEventsId));
+    RemoveClassesKey(root, L"Interface\\" + BracedId(kPassEventsId));
     return HRESULT_FROM_WIN32(static_cast<unsigned long>(worst));
 }
 

@@ -4,8 +4,8 @@
 #include "frames/scheme_dialog_frame.h"
 #include "library.h"
 #include "platform/late_bound.h"
+#include "windows/component_process.h"
 #include "windows/foreign_object.h"
-#include "windows/module.h"
 
 namespace qor::windows {
 
