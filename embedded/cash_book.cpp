@@ -14,13 +14,7 @@ CashBook::CashBook(AccountSet& set, const Dictionary& dictionary) : database_(se
 
     AddDayRange(conditions_, "b.FDate", std::nullopt, filter.Day("EDate"));
     AddCheckState(conditions_, "b.FState", filter.Number("CheckState"));
-    AddCodeRange(conditions_, "b.FDeptID", item_class::kDepartment, filter.Code("BDeptNumber"),
-                 filter.Code("EDeptNumber"));
-    AddCodeRange(conditions_, "b.FEmpID", item_class::kEmployee, filter.Code("BEmpNumber"),
-                 filter.Code("EEmpNumber"));
-    if (const std::string biller = filter.Code("BillerName"); !biller.empty()) {
-        conditions_.Add({"b.FBillerID IN (SELECT FUserID FROM t_User WHERE instr(FName,?)>0)"}, {biller});
-    }
+    AddPeople(conditions_, filter);
     AddRights(conditions_, "b.FCustID", "o", ToText(dictionary.Get("DataRightWhere")));
 
     Conditions chosen;

@@ -18,10 +18,7 @@ Conditions CategoryBills(const CategorySide& side, const Dictionary& dictionary)
     AddCheckState(conditions, "b.FState", filter.Number("CheckState"));
     AddCodeRange(conditions, side.partyColumn, side.parties, filter.Code(side.firstPartyKey),
                  filter.Code(side.lastPartyKey));
-    AddCodeRange(conditions, "b.FDeptID", item_class::kDepartment, filter.Code("BDeptNumber"),
-                 filter.Code("EDeptNumber"));
-    AddCodeRange(conditions, "b.FEmpID", item_class::kEmployee, filter.Code("BEmpNumber"),
-                 filter.Code("EEmpNumber"));
+    AddPeople(conditions, filter);
     AddRights(conditions, side.partyColumn, "t1", ToText(dictionary.Get("DataRightWhere")));
     return conditions;
 }

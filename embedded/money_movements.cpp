@@ -93,15 +93,7 @@ class MovementReader {
                 row.includeKey.empty() || filter_.Flag(row.includeKey);
         }
         AddCheckState(conditions_, "b.FState", filter_.Number("CheckState"));
-        AddCodeRange(conditions_, "b.FDeptID", item_class::kDepartment, filter_.Code("BDeptNumber"),
-                     filter_.Code("EDeptNumber"));
-        AddCodeRange(conditions_, "b.FEmpID", item_class::kEmployee, filter_.Code("BEmpNumber"),
-                     filter_.Code("EEmpNumber"));
-        if (std::string name = filter_.Code("BillerName"); !name.empty()) {
-            conditions_.Add(
-                {"b.FBillerID IN (SELECT FUserID FROM t_User WHERE instr(lower(FName),lower(?))>0)"},
-                {std::move(name)});
-        }
+        AddPeople(conditions_, filter_);
         AddRights(conditions_, "b.FCustID", "o", ToText(dictionary.Get("DataRightWhere")));
     }
 
@@ -215,8 +207,8 @@ class MovementWriter {
 
     void AddOpening(std::optional<std::int64_t> day, std::int64_t balance) {
         balance_ = balance;
-        Add(day ? Value(Date{static_cast<double>(*day)}) : Value(), blank_, blank_, 0, 0, "期初余额", blank_,
-            blank_, blank_);
+        Add(day ? Value(Date{static_cast<double>(*day)}) : Value::Null(), blank_, blank_, 0, 0, "期初余额",
+            blank_, blank_, blank_);
     }
 
     Ref<RecordSet> Write(std::vector<Movement>& movements) {

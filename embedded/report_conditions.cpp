@@ -92,6 +92,17 @@ void AddCodeRange(Conditions& conditions, SqlText column, std::int32_t itemClass
                    {itemClass, first, last, last, last});
 }
 
+void AddPeople(Conditions& conditions, const ReportFilter& filter) {
+    AddCodeRange(conditions, "b.FDeptID", item_class::kDepartment, filter.Code("BDeptNumber"),
+                 filter.Code("EDeptNumber"));
+    AddCodeRange(conditions, "b.FEmpID", item_class::kEmployee, filter.Code("BEmpNumber"),
+                 filter.Code("EEmpNumber"));
+    if (std::string name = filter.Code("BillerName"); !name.empty()) {
+        conditions.Add({"b.FBillerID IN (SELECT FUserID FROM t_User WHERE instr(lower(FName),lower(?))>0)"},
+                       {std::move(name)});
+    }
+}
+
 void AddCheckState(Conditions& conditions, SqlText column, std::optional<std::int32_t> checkState) {
     constexpr std::int32_t kAll = 2;
     const std::int32_t state = checkState.value_or(kAll);

@@ -82,6 +82,10 @@ void AddDayRange(Conditions& conditions, SqlText column, std::optional<std::int6
 void AddCodeRange(Conditions& conditions, SqlText column, std::int32_t itemClass, const std::string& first,
                   const std::string& last);
 
+/// The departments and employees of t_Bill b, and its biller by a part of the name in either case of letters:
+/// BDeptNumber to EDeptNumber, BEmpNumber to EEmpNumber, BillerName, which all filters name alike.
+void AddPeople(Conditions& conditions, const ReportFilter& filter);
+
 /// The check state: 0 audited, 1 not audited, 2 both, and both where the filter does not say. Void bills
 /// never count. Raises an error for another number.
 void AddCheckState(Conditions& conditions, SqlText column, std::optional<std::int32_t> checkState);

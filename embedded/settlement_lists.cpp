@@ -124,10 +124,7 @@ std::vector<ListedBill> ReadBills(AccountSet& set, const ReportFilter& filter,
     Conditions conditions;
     conditions.Add({"b.FBillID>=? AND b.FBillID<=?"}, {amounts.front().bill, amounts.back().bill});
     AddDayRange(conditions, "b.FDate", filter.Day("BDate"), filter.Day("EDate"));
-    AddCodeRange(conditions, "b.FDeptID", item_class::kDepartment, filter.Code("BDeptNumber"),
-                 filter.Code("EDeptNumber"));
-    AddCodeRange(conditions, "b.FEmpID", item_class::kEmployee, filter.Code("BEmpNumber"),
-                 filter.Code("EEmpNumber"));
+    AddPeople(conditions, filter);
     Statement found(set.database(),
                     "SELECT b.FBillID, b.FDeptID, b.FEmpID, b.FBillNo, b.FExplanation FROM t_Bill b "
                     "NOT INDEXED WHERE " +
