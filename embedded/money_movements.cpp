@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -53,8 +54,12 @@ static_assert(
     }(),
     "every kind that moves money stands in the table once");
 
+/// Which end of a bank transfer an account is, or both where no account is asked for.
+enum class End { Both, From, To };
+
 struct Movement {
     std::int64_t day, bill;
+    End end;
     std::int64_t in, out;
     BillKind kind;
     const ItemTexts::Texts* party;
@@ -62,9 +67,6 @@ struct Movement {
     const ItemTexts::Texts* employee;
     Value number, explanation;
 };
-
-/// Which end of a bank transfer an account is, or both where no account is asked for.
-enum class End { Both, From, To };
 
 constexpr SqlText kMovesMoney = "(b.FSettleAmount<>0 OR b.FBillType IN (5,6,7,8,22))";
 
@@ -130,8 +132,8 @@ class MovementReader {
 
     /// By date, then as the bills were entered.
     std::vector<Movement>& Sorted() {
-        const auto place = [](const Movement& row) { return std::pair(row.day, row.bill); };
-        if (!std::ranges::is_sorted(movements_, {}, place)) std::ranges::stable_sort(movements_, {}, place);
+        const auto place = [](const Movement& row) { return std::tuple(row.day, row.bill, row.end); };
+        if (!std::ranges::is_sorted(movements_, {}, place)) std::ranges::sort(movements_, {}, place);
         return movements_;
     }
     std::int64_t balanceBefore() const { return balanceBefore_; }
@@ -175,6 +177,7 @@ class MovementReader {
         const std::int64_t to = end != End::From && kind == BillKind::BankTransfer ? -money : 0;
         movements_.push_back({.day = found.Int(1),
                               .bill = found.Int(9),
+                              .end = end,
                               .in = std::max<std::int64_t>(from, 0) + std::max<std::int64_t>(to, 0),
                               .out = -std::min<std::int64_t>(from, 0) - std::min<std::int64_t>(to, 0),
                               .kind = kind,

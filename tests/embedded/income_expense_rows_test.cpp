@@ -3,12 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <set>
 
+#include "embedded/record_rows.h"
 #include "embedded/sample_fixture.h"
 #include "embedded/slow_books.h"
-#include "platform/conversions.h"
 #include "support/raises.h"
 
 namespace qor {
@@ -16,26 +15,10 @@ namespace {
 
 using test::Filter;
 using test::PlainFilter;
+using test::RowsOf;
 using test::SlowBooks;
 
 const std::string kOfUser16 = " (CharIndex('16',t1.FRightUserID)>0 OR ISNULL(t1.FItemID,0)=0) ";
-
-std::string CellText(const Value& value) {
-    if (value.type() == Value::Type::Date) return std::to_string(std::llround(value.date().serial));
-    if (value.type() == Value::Type::Double) return std::to_string(std::llround(value.number() * 100));
-    return value.text();
-}
-
-std::vector<std::string> RowsOf(const RecordSet& set) {
-    auto& rows = static_cast<const ColumnarRecordSet&>(set);
-    std::vector<std::string> texts(static_cast<std::size_t>(rows.RowCount()));
-    for (std::size_t row = 0; row < texts.size(); ++row) {
-        for (std::size_t column = 0; column < rows.FieldCount(); ++column) {
-            texts[row] += CellText(rows.Cell(row, column)) + "|";
-        }
-    }
-    return texts;
-}
 
 /// One side of the books under test: the report and its slow counterpart.
 struct Case {
@@ -56,15 +39,14 @@ class IncomeExpenseRowsOf : public ::testing::TestWithParam<Case> {
     std::vector<std::string> Rows(const Ref<OrderedDictionary>& filter) {
         return RowsOf(*GetParam().report(set, *filter));
     }
-    std::vector<std::string> Slow(const PlainFilter& filter) {
-        return SlowBooks(set).Detail(GetParam().kind, filter);
-    }
+    std::vector<std::string> Slow(const PlainFilter& filter) { return books.Detail(GetParam().kind, filter); }
     std::string ErrorWith(test::FilterEntries entries) {
         const auto error = test::ErrorOf([&] { Rows(Filter(entries)); });
         return error ? error->description() : "";
     }
 
     AccountSet set{test::SampleFile()};
+    SlowBooks books{set};
 };
 
 INSTANTIATE_TEST_SUITE_P(BothSides, IncomeExpenseRowsOf, ::testing::ValuesIn(kSides),

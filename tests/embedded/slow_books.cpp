@@ -29,6 +29,7 @@ SlowBooks::SlowBooks(AccountSet& set) {
         "SELECT FBillID, FBillType, FBillNo, FDate, FState, FCustID, FSupplyID, FDeptID, FEmpID, FAcctID "
         "FROM t_Bill");
     while (bill.Step()) {
+        places[bill.Int(0)] = bills.size();
         bills.push_back({bill.Int(0), bill.Int(1), std::string(bill.Text(2)), bill.Int(3), bill.Int(4),
                          bill.Int(5), bill.Int(6), bill.Int(7), bill.Int(8), bill.Int(9)});
     }
@@ -58,22 +59,29 @@ bool SlowBooks::Sees(const std::string& user, std::int64_t party) const {
     return user.empty() || party == 0 || Item(party).rightUsers.find(user) != std::string::npos;
 }
 
-std::vector<std::string> SlowBooks::Detail(BillKind kind, const PlainFilter& filter) const {
-    std::vector<std::tuple<std::string, std::int64_t, std::string, std::int64_t, std::string>> found;
-    std::map<std::int64_t, const PlainBill*> byId;
-    for (const PlainBill& bill : bills) {
-        byId[bill.id] = &bill;
-    }
+std::vector<const PlainLine*> SlowBooks::Lines(BillKind kind, BillKind sideOf,
+                                               const PlainFilter& filter) const {
+    std::vector<const PlainLine*> taken;
     for (const PlainLine& line : lines) {
-        const PlainBill& bill = *byId.at(line.bill);
-        const std::int64_t party = kind == BillKind::Expense ? bill.supplier : bill.customer;
+        const PlainBill& bill = *BillOf(line);
+        const std::int64_t party = sideOf == BillKind::Expense ? bill.supplier : bill.customer;
         if (bill.kind != static_cast<std::int64_t>(kind) || bill.state == 2) continue;
         if (filter.checkState != 2 && bill.state != filter.checkState) continue;
         if (bill.day < filter.firstDay || bill.day > filter.lastDay) continue;
         if (!filter.withDisabled && Item(line.itemClass).disabled) continue;
         if (!Lies(line.itemClass, filter.classes) || !Lies(party, filter.parties)) continue;
         if (!Lies(bill.department, filter.departments) || !Lies(bill.employee, filter.employees)) continue;
-        if (!Sees(filter.rightUser, party)) continue;
+        if (Sees(filter.rightUser, party)) taken.push_back(&line);
+    }
+    return taken;
+}
+
+std::vector<std::string> SlowBooks::Detail(BillKind kind, const PlainFilter& filter) const {
+    std::vector<std::tuple<std::string, std::int64_t, std::string, std::int64_t, std::string>> found;
+    for (const PlainLine* taken : Lines(kind, kind, filter)) {
+        const PlainLine& line = *taken;
+        const PlainBill& bill = *BillOf(line);
+        const std::int64_t party = kind == BillKind::Expense ? bill.supplier : bill.customer;
         std::string row;
         for (const std::string& cell :
              {Item(line.itemClass).name, std::to_string(bill.day), Item(party).number, Item(party).name,

@@ -46,6 +46,11 @@ struct PlainFilter {
 struct SlowBooks {
     explicit SlowBooks(AccountSet& set);
 
+    /// The lines of bills of `kind` that the filter takes; parties are those of the side of `sideOf`.
+    std::vector<const PlainLine*> Lines(BillKind kind, BillKind sideOf, const PlainFilter& filter) const;
+    const PlainBill* BillOf(const PlainLine& line) const { return &bills.at(places.at(line.bill)); }
+    bool Lies(std::int64_t item, const Codes& range) const;
+
     /// The rows of the detail report, each with its cells joined by "|": amounts in cents, days as numbers.
     std::vector<std::string> Detail(BillKind kind, const PlainFilter& filter) const;
 
@@ -54,7 +59,7 @@ struct SlowBooks {
     std::vector<PlainLine> lines;
 
  private:
-    bool Lies(std::int64_t item, const Codes& range) const;
+    std::map<std::int64_t, std::size_t> places;  // of the bills, by id
     bool Sees(const std::string& user, std::int64_t party) const;
     const PlainItem& Item(std::int64_t id) const;
 };
