@@ -128,7 +128,7 @@ Ref<RecordSet> Ageing(AccountSet& set, const Dictionary& dictionary) {
                           .day = filter.Day("EDate"),
                           .checkState = static_cast<std::int32_t>(BillState::Audited)});
     const std::int64_t cutOff = filter.Day("EDate").value_or(LastDayOf(amounts));
-    const bool withOthers = filter.Flag("chkRPOher");
+    const bool withOthers = filter.Flag("chkRPOher", true);
     for (const OpenAmount& amount : amounts) {
         if (amount.open == 0 || (!withOthers && IsOtherClaim(amount.kind))) continue;
         AgedParties::Row* row = parties.Find(amount.party);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iterator>
 #include <span>
 #include <string_view>
 
@@ -90,6 +91,11 @@ inline constexpr BillKindRow kBillKinds[] = {
 };
 
 constexpr const BillKindRow& RowOf(BillKind kind) { return kBillKinds[static_cast<std::size_t>(kind) - 1]; }
+
+/// Whether a number that was read is one of them.
+constexpr bool IsBillKind(std::int64_t number) {
+    return number >= 1 && number <= std::int64_t{std::size(kBillKinds)};
+}
 
 static_assert(
     [] {

@@ -40,6 +40,7 @@ class CashBook {
     void Read(SqlText columns, const Take& take) {
         Statement bill = Bills(columns);
         while (bill.Step()) {
+            if (!IsBillKind(bill.Int(2))) continue;
             const auto kind = static_cast<BillKind>(bill.Int(2));
             const std::int64_t flow = FlowOf(kind, bill.Int(4), bill.Int(5));
             if (flow == 0) continue;

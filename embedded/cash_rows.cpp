@@ -30,6 +30,9 @@ class Journal {
     };
 
     Journal(AccountSet& set, CashBook& book) : items_(set, false), accounts_(book.accounts().size()) {
+        for (const BillKindRow& row : kBillKinds) {
+            kindNames_[static_cast<std::size_t>(row.kind)] = row.name;
+        }
         book.Read(kJournalColumns, [this](const CashBook::Movement& movement, const Statement& bill) {
             constexpr int kFirst = CashBook::kFirstColumn;
             accounts_[movement.account].push_back({.movement = movement,
@@ -46,12 +49,20 @@ class Journal {
         }
     }
 
+    std::size_t count() const {
+        std::size_t count = 0;
+        for (const std::vector<Row>& rows : accounts_) {
+            count += rows.size();
+        }
+        return count;
+    }
     std::vector<Row>& Of(std::size_t account) { return accounts_[account]; }
-    Value NameOf(BillKind kind) { return texts_.Share(RowOf(kind).name); }
+    const Value& NameOf(BillKind kind) const { return kindNames_[static_cast<std::size_t>(kind)]; }
 
  private:
     ItemTexts items_;
     SharedTexts texts_;
+    std::array<Value, std::size(kBillKinds) + 1> kindNames_;
     std::vector<std::vector<Row>> accounts_;
 };
 
@@ -92,6 +103,7 @@ Ref<RecordSet> CashJournal(AccountSet& set, const Dictionary& filter) {
     auto rows = MakeRef<ColumnarRecordSet>(std::vector<std::string>{
         "FAcctNumber", "FAcctName", "FDate", "FBillNo", "FBillTypeName", "FInAmount", "FOutAmount",
         "FBalanceAmount", "FExplanation", "FName", "FDeptName", "FEmpName"});
+    rows->Reserve(journal.count() + book.accounts().size());
     for (std::size_t i = 0; i < book.accounts().size(); ++i) {
         const CashAccount& account = book.accounts()[i];
         if (!book.Shows(account)) continue;

@@ -22,6 +22,7 @@ std::vector<OpenAmount> BillsOf(AccountSet& set, const OpenQuery& query) {
     conditions.BindTo(found);
     std::vector<OpenAmount> bills;
     while (found.Step()) {
+        if (!IsBillKind(found.Int(1))) continue;
         const auto kind = static_cast<BillKind>(found.Int(1));
         const SideSigns signs = SignsOf(kind, query.side);
         if (!signs.Any()) continue;

@@ -23,10 +23,9 @@ constexpr SideSigns SignsOf(BillKind kind, PartySide side) {
     return {row.payable, row.paid, row.advanceOut, row.paid != 0 ? row.target : std::int8_t{0}};
 }
 
-/// Whether a bill is what the filters call other receivables and payables: a claim from no trade in goods.
+/// Whether a bill is what the filters call other receivables and payables.
 constexpr bool IsOtherClaim(BillKind kind) {
-    return kind == BillKind::OtherReceivable || kind == BillKind::OtherPayable ||
-           kind == BillKind::OtherIncome || kind == BillKind::Expense;
+    return kind == BillKind::OtherReceivable || kind == BillKind::OtherPayable;
 }
 
 /// The class of base data that a side's parties are.

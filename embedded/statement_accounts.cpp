@@ -16,7 +16,7 @@ LedgerQuery QueryOf(PartySide side, const Dictionary& dictionary) {
     const ReportFilter filter(dictionary);
     LedgerQuery query = LedgerQueryOf(side, dictionary);
     query.parties = {filter.Code("BItemNumber"), filter.Code("EItemNumber")};
-    query.switches.writeOffs = !dictionary.Lookup("ShowCheckBill") || filter.Flag("ShowCheckBill");
+    query.switches.writeOffs = filter.Flag("ShowCheckBill", true);
     query.switches.estimates = filter.Flag("IncludeGJ");
     return query;
 }
@@ -74,6 +74,7 @@ std::vector<StatementAccount> ReadStatementAccounts(AccountSet& set, PartySide s
     }
     moved.resize(accounts.size());
     SharedTexts texts;
+    const Value none = "";
     while (ledger.Next()) {
         const Movement& movement = ledger.movement();
         StatementAccount& account = accounts[movement.party];
@@ -97,7 +98,7 @@ std::vector<StatementAccount> ReadStatementAccounts(AccountSet& set, PartySide s
                                  .number = row.Text(column + 2),
                                  .voucher = texts.Share(row.Text(column + 3)),
                                  .explanation = texts.Share(row.Text(column + 4)),
-                                 .invoice = texts.Share(row.Text(column + 5))});
+                                 .invoice = row.IsNull(column + 5) ? none : Value(row.Text(column + 5))});
     }
     std::vector<StatementAccount> shown;
     for (std::size_t i = 0; i < accounts.size(); ++i) {

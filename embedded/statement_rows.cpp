@@ -71,6 +71,14 @@ class StatementWriter {
         }
     }
 
+    void Reserve(const std::vector<StatementAccount>& accounts) {
+        std::size_t rows = accounts.size();
+        for (const StatementAccount& account : accounts) {
+            rows += account.bills.size();
+        }
+        set_->Reserve(rows);
+    }
+
     void Write(StatementAccount& account) {
         balance_ = account.begin;
         AddOpening(items_.Of(account.party));
@@ -78,10 +86,10 @@ class StatementWriter {
             const std::vector<GoodsRow> lines = goods_ ? goods_->Of(bill.bill) : std::vector<GoodsRow>{};
             StatementSums rest = bill.sums;
             for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
-                AddBill(bill, {.raised = lines[i].amount}, &lines[i]);
+                AddBill(StatementBill(bill), {.raised = lines[i].amount}, &lines[i]);
                 rest.raised -= lines[i].amount;
             }
-            AddBill(bill, rest, lines.empty() ? nullptr : &lines.back());
+            AddBill(std::move(bill), rest, lines.empty() ? nullptr : &lines.back());
         }
     }
 
@@ -107,29 +115,29 @@ class StatementWriter {
     void AddOpening(const ItemTexts::Texts& party) {
         column_ = 0;
         Add(firstDay_ ? Value(Date{static_cast<double>(*firstDay_)}) : Value::Null());
-        for (int i = 0; i < 3; ++i) {
-            Add(blank_);
-        }
+        Add("期初余额");
+        Add(blank_);
+        Add(blank_);
         AddGoods(nullptr);
-        Add("期初余额：" + party.number.text() + " " + party.name.text());
+        Add(party.number.text() + " " + party.name.text());
         AddSums({});
         for (int i = 0; i < 3; ++i) {
             Add(blank_);
         }
     }
 
-    void AddBill(const StatementBill& bill, const StatementSums& sums, const GoodsRow* goods) {
+    void AddBill(StatementBill&& bill, const StatementSums& sums, const GoodsRow* goods) {
         column_ = 0;
         Add(Date{static_cast<double>(bill.day)});
         Add(kindNames_[static_cast<std::size_t>(bill.kind) - 1]);
-        Add(bill.number);
-        Add(bill.voucher);
+        Add(std::move(bill.number));
+        Add(std::move(bill.voucher));
         AddGoods(goods);
-        Add(bill.explanation);
+        Add(std::move(bill.explanation));
         AddSums(sums);
         Add(items_.Of(bill.department).name);
         Add(items_.Of(bill.employee).name);
-        Add(bill.invoice);
+        Add(std::move(bill.invoice));
     }
 
     void AddGoods(const GoodsRow* goods) {
@@ -216,7 +224,9 @@ StatementAnswer StatementOfAccount(AccountSet& set, PartySide side, const Dictio
     StatementWriter writer(set, dictionary);
     PageWriter pages(set);
     ItemTexts items(set, filter.WantsShortNumbers());
-    for (StatementAccount& account : ReadStatementAccounts(set, side, dictionary)) {
+    std::vector<StatementAccount> accounts = ReadStatementAccounts(set, side, dictionary);
+    writer.Reserve(accounts);
+    for (StatementAccount& account : accounts) {
         const std::int32_t firstRow = writer.rows()->RowCount();
         writer.Write(account);
         pages.Write(account, items.Of(account.party), firstRow, writer.rows()->RowCount() - firstRow);

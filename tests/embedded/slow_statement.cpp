@@ -104,8 +104,8 @@ std::vector<std::string> SlowStatement(const PlainBook& book, const StatementAsk
         std::ranges::stable_sort(bills, {}, [](const auto& entry) { return entry.first->day; });
         std::int64_t balance = begin;
         const std::string none = asked.withGoods ? "||||||-|-||-|-|" : "";
-        std::vector<std::string> own{(asked.firstDay == 0 ? "-" : std::to_string(asked.firstDay)) + "||||" +
-                                     none + "期初余额：" + code + " " + book.Item(party).name + "|0|0|0|" +
+        std::vector<std::string> own{(asked.firstDay == 0 ? "-" : std::to_string(asked.firstDay)) +
+                                     "|期初余额|||" + none + code + " " + book.Item(party).name + "|0|0|0|" +
                                      std::to_string(begin) + "||||"};
         for (const auto& [bill, sums] : bills) {
             const bool zero = sums.raised == 0 && sums.real == 0 && sums.discount == 0;

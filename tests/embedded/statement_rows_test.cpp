@@ -64,16 +64,18 @@ TEST(StatementOfAccount, IsThatOfTheSlowBooksInEveryShapeOfFilter) {
     EXPECT_GT(found, 5000u);
 }
 
-/// The closing balance of each statement, by the code in its opening row.
+/// The code of the party whose statement begins with the row; "" for a row that is a bill.
+std::string OpeningOf(const RecordSet& rows) {
+    const std::string heading = rows.Field("FExplanation").text();
+    return rows.Field("FBillTypeName") == Value("期初余额") ? heading.substr(0, heading.find(' ')) : "";
+}
+
+/// The closing balance of each statement, by the party's code.
 std::map<std::string, std::int64_t> Closing(RecordSet& rows) {
     std::map<std::string, std::int64_t> closing;
     std::string code;
-    const std::string opening = "期初余额：";
     for (; !rows.Eof(); rows.Move(1)) {
-        const std::string explanation = rows.Field("FExplanation").text();
-        if (explanation.starts_with(opening)) {
-            code = explanation.substr(opening.size(), explanation.find(' ') - opening.size());
-        }
+        if (const std::string opened = OpeningOf(rows); !opened.empty()) code = opened;
         closing[code] = Cents(rows, "FBalanceAmount");
     }
     return closing;
@@ -104,11 +106,8 @@ TEST(StatementOfAccount, TheClosingBalanceIsTheOpeningOfTheNextPeriod) {
     const Ref<RecordSet> next = StatementOfAccount(set, PartySide::Customer, *later).rows;
     std::map<std::string, std::int64_t> opening;
     for (; !next->Eof(); next->Move(1)) {
-        const std::string explanation = next->Field("FExplanation").text();
-        const std::string mark = "期初余额：";
-        if (!explanation.starts_with(mark)) continue;
-        opening[explanation.substr(mark.size(), explanation.find(' ') - mark.size())] =
-            Cents(*next, "FBalanceAmount");
+        const std::string code = OpeningOf(*next);
+        if (!code.empty()) opening[code] = Cents(*next, "FBalanceAmount");
     }
     EXPECT_EQ(Closing(*StatementOfAccount(set, PartySide::Customer, *earlier).rows), opening);
     EXPECT_GT(opening.size(), 5u);
@@ -233,8 +232,8 @@ TEST(StatementOfAccount, BreaksAndPagesComeOnlyWhenAskedForAndCoverTheRows) {
         const std::int32_t count = rowBreak->Field("FRowCount").int32();
         paged.rows->MoveFirst();
         paged.rows->Move(next);
-        EXPECT_EQ(paged.rows->Field("FExplanation"), Value("期初余额：" + page->Field("FItemNumber").text() +
-                                                           " " + page->Field("FItemName").text()));
+        EXPECT_EQ(paged.rows->Field("FExplanation"),
+                  Value(page->Field("FItemNumber").text() + " " + page->Field("FItemName").text()));
         EXPECT_EQ(paged.rows->Field("FBalanceAmount"), page->Field("FInitAmount"));
         std::int64_t raised = 0, real = 0, discount = 0, balance = 0;
         for (std::int32_t i = 0; i < count; ++i, paged.rows->Move(1)) {
@@ -273,7 +272,7 @@ TEST(StatementOfAccount, ShortNumbersAreTheLastPartOfACode) {
     const auto filter = StatementFilter({.first = "01.001", .last = "01.001", .withGoods = true});
     filter->Put("bLongNumber", false);
     const Ref<RecordSet> rows = StatementOfAccount(set, PartySide::Supplier, *filter).rows;
-    EXPECT_TRUE(rows->Field("FExplanation").text().starts_with("期初余额：001 "));
+    EXPECT_TRUE(rows->Field("FExplanation").text().starts_with("001 "));
     for (; !rows->Eof(); rows->Move(1)) {
         EXPECT_EQ(rows->Field("FItemNumber").text().find('.'), std::string::npos);
     }
