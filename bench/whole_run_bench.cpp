@@ -82,6 +82,42 @@ const Run& RunOf(std::int32_t number) {
          " LEFT JOIN t_Item d ON d.FItemID=b.FDeptID LEFT JOIN t_Item m ON m.FItemID=b.FEmpID"
          " WHERE b.FBillType IN (1,2,9,11,13,16,25) AND b.FState=0 AND b.FCustID IS NOT NULL"
          " AND b.FDate BETWEEN 44562 AND 45838 ORDER BY b.FDate DESC, b.FBillNo"},
+        {10506,
+         {{"BDate", "2022-01-01"}, {"EDate", "2025-06-30"}, {"NotShowBillZero", "0"}},
+         "SELECT b.FDate, t.FName, b.FBillNo, b.FVchNumber, b.FExplanation, t.FReceivable*b.FAmount,"
+         " t.FReceivable*b.FSettleAmount+(t.FReceived+t.FAdvanceIn)*b.FAmount, t.FReceived*b.FDiscount,"
+         " sum(t.FReceivable*(b.FAmount-b.FSettleAmount)-(t.FReceived+t.FAdvanceIn)*b.FAmount"
+         " -t.FReceived*b.FDiscount) OVER (PARTITION BY p.FNumber ORDER BY b.FDate, b.FBillID),"
+         " d.FName, m.FName, b.FInvoiceNo"
+         " FROM t_Bill b JOIN t_BillType t ON t.FBillType=b.FBillType JOIN t_Item p ON p.FItemID=b.FCustID"
+         " LEFT JOIN t_Item d ON d.FItemID=b.FDeptID LEFT JOIN t_Item m ON m.FItemID=b.FEmpID"
+         " WHERE (t.FReceivable OR t.FReceived OR t.FAdvanceIn) AND b.FState=0 AND b.FDate<=45838"
+         " ORDER BY p.FNumber, b.FDate, b.FBillID"},
+        {10528,
+         {{"BDate", "2022-01-01"}, {"EDate", "2025-06-30"}},
+         "SELECT a.FNumber, a.FName, b.FDate, b.FBillNo, t.FName, max(0, b.FFlow), max(0, -b.FFlow),"
+         " sum(b.FFlow) OVER (PARTITION BY a.FNumber ORDER BY b.FDate, b.FBillID), b.FExplanation, p.FName,"
+         " d.FName, m.FName"
+         " FROM (SELECT c.*, k.FCash*CASE WHEN k.FReceivable OR k.FPayable THEN c.FSettleAmount ELSE"
+         "  c.FAmount END AS FFlow FROM t_Bill c JOIN t_BillType k ON k.FBillType=c.FBillType) b"
+         " JOIN t_BillType t ON t.FBillType=b.FBillType JOIN t_Item a ON a.FItemID=b.FAcctID"
+         " LEFT JOIN t_Item p ON p.FItemID=ifnull(b.FCustID,b.FSupplyID)"
+         " LEFT JOIN t_Item d ON d.FItemID=b.FDeptID LEFT JOIN t_Item m ON m.FItemID=b.FEmpID"
+         " WHERE b.FFlow<>0 AND b.FState=0 AND b.FDate BETWEEN 44562 AND 45838"
+         " ORDER BY a.FNumber, b.FDate, b.FBillID"},
+        {10530,
+         {{"EDate", "2025-06-30"}},
+         "SELECT p.FNumber, p.FName, sum(o.FOpen), sum(CASE WHEN 45838-o.FDate<30 THEN o.FOpen ELSE 0 END),"
+         " sum(CASE WHEN 45838-o.FDate BETWEEN 30 AND 59 THEN o.FOpen ELSE 0 END),"
+         " sum(CASE WHEN 45838-o.FDate BETWEEN 60 AND 89 THEN o.FOpen ELSE 0 END),"
+         " sum(CASE WHEN 45838-o.FDate>=90 THEN o.FOpen ELSE 0 END) FROM"
+         " (SELECT b.FCustID, b.FDate, t.FReceivable*(b.FAmount-b.FSettleAmount)-ifnull(s.FDone,0) AS FOpen"
+         "  FROM t_Bill b JOIN t_BillType t ON t.FBillType=b.FBillType LEFT JOIN"
+         "  (SELECT FTargetBillID, sum(FAmount+FDiscount) AS FDone FROM t_Settlement WHERE FDate<=45838"
+         "   AND FBillID IN (SELECT FBillID FROM t_Bill WHERE FState=0) GROUP BY FTargetBillID) s"
+         "  ON s.FTargetBillID=b.FBillID"
+         "  WHERE t.FReceivable AND b.FState=0 AND b.FCustID IS NOT NULL AND b.FDate<=45838) o"
+         " JOIN t_Item p ON p.FItemID=o.FCustID GROUP BY p.FItemID ORDER BY p.FNumber"},
     };
     for (const Run& run : runs) {
         if (run.number == number) return run;
@@ -129,7 +165,7 @@ void BareStatement(benchmark::State& state) {
 }
 
 void LargeReports(benchmark::internal::Benchmark* bench) {
-    for (const std::int64_t number : {10522, 10521, 10501, 10525}) {
+    for (const std::int64_t number : {10522, 10521, 10501, 10525, 10506, 10528, 10530}) {
         bench->Arg(number);
     }
     bench->Unit(benchmark::kMillisecond);
