@@ -26,6 +26,8 @@ class ImportTable {
 
     /// A file that is missing has no rows. `file` and `mistakes` are borrowed.
     ImportTable(const std::filesystem::path& folder, const CsvFile& file, ImportMistakes& mistakes);
+    ImportTable(const ImportTable&) = delete;
+    ImportTable& operator=(const ImportTable&) = delete;
 
     /// Moves to the next row that has the cells of the header; the others are mistakes.
     bool Next();

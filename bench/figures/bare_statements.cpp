@@ -9,7 +9,7 @@ namespace {
 std::string ClassLines(const std::string& kind, const std::string& party) {
     return "SELECT c.FName, b.FDate, p.FNumber, p.FName, a.FName, e.FAmount-e.FSettleAmount, "
            "e.FSettleAmount, "
-           "e.FAmount, m.FNumber, m.FName, d.FNumber, d.FName, b.FBillNo, e.FNote FROM t_Bill b JOIN "
+           "e.FAmount, m.FNumber, m.FName, d.FNumber, d.FName, b.FBillNo, e.FNote FROM t_Bill b CROSS JOIN "
            "t_ClassEntry e ON e.FBillID=b.FBillID JOIN t_Item c ON c.FItemID=e.FClassID LEFT JOIN t_Item p "
            "ON "
            "p.FItemID=b." +
@@ -57,10 +57,24 @@ std::string OpenByAge() {
            "t.FReceivable<>0 WHERE b.FState=0) JOIN t_Item p ON p.FItemID=c GROUP BY c ORDER BY p.FNumber";
 }
 
+/// What moved money, in the order of the days.
+std::string MoneyMoves() {
+    return "SELECT b.FDate, b.FBillNo, t.FName, max(0,m), max(0,-m), b.FExplanation, p.FName, d.FName, "
+           "e.FName FROM "
+           "(SELECT *, CASE WHEN FBillType IN (1,2,3,4,11,12,13,14,16) THEN FSettleAmount ELSE FAmount END "
+           "AS m FROM "
+           "t_Bill WHERE FState=0) b JOIN t_BillType t ON t.FBillType=b.FBillType LEFT JOIN t_Item p ON "
+           "p.FItemID=ifnull(b.FCustID,b.FSupplyID) LEFT JOIN t_Item d ON d.FItemID=b.FDeptID LEFT JOIN "
+           "t_Item e ON "
+           "e.FItemID=b.FEmpID WHERE t.FCash<>0 AND m<>0 ORDER BY b.FDate, b.FBillID";
+}
+
 }  // namespace
 
 std::string BareStatementOf(std::int32_t number) {
     switch (number) {
+        case 10501:
+            return MoneyMoves();
         case 10502:
             return PartyBills("FCustID", CustomerMoves());
         case 10503:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <stdexcept>
 
 #include "bench/figures/child_process.h"
 #include "frames/scheme_store.h"
@@ -80,16 +81,20 @@ RunCost MeasureStatement(const std::string& sql, const std::filesystem::path& ac
     RunCost best;
     for (int run = 0; run < runs; ++run) {
         RunCost cost;
+        std::int64_t read = 0;
         const double start = ProcessorSeconds();
         Statement statement(set.database(), sql);
         const int columns = sqlite3_column_count(statement.handle());
         while (statement.Step()) {
             for (int i = 0; i < columns; ++i) {
-                statement.IsNull(i) ? std::string_view() : statement.Text(i);
+                read += sqlite3_column_type(statement.handle(), i) == SQLITE_TEXT
+                            ? static_cast<std::int64_t>(statement.Text(i).size())
+                            : statement.Int(i);
             }
             if (cost.rows++ == 0) cost.first = ProcessorSeconds() - start;
         }
         cost.last = ProcessorSeconds() - start;
+        if (read == 0) throw std::runtime_error("the statement has nothing to read");
         best = run == 0 ? cost : Better(best, cost);
     }
     best.peakKiB = PeakKiB();
