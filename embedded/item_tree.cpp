@@ -35,8 +35,11 @@ std::vector<ReadItem> ReadItems(AccountSet& set, std::int32_t itemClass) {
 ItemTree::ItemTree(AccountSet& set, std::int32_t itemClass) {
     std::vector<ReadItem> read = ReadItems(set, itemClass);
     std::unordered_map<std::int64_t, std::vector<std::size_t>> below;
+    for (const ReadItem& item : read) {
+        below[item.node.id];
+    }
     for (std::size_t i = 0; i < read.size(); ++i) {
-        below[read[i].parent].push_back(i);
+        below[below.contains(read[i].parent) ? read[i].parent : 0].push_back(i);  // 0: stands at the top
     }
     struct Open {
         std::size_t read, parent;

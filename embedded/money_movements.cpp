@@ -160,7 +160,7 @@ class MovementReader {
         conditions.BindTo(found);
         while (found.Step()) {
             const auto kind = static_cast<BillKind>(found.Int(0));
-            if (!Counts(kind)) continue;
+            if (!IsBillKind(found.Int(0)) || !Counts(kind)) continue;
             const BillKindRow& row = RowOf(kind);
             const bool paidAtOnce = row.receivable != 0 || row.payable != 0;
             const std::int64_t money = row.cash * (paidAtOnce ? found.Int(3) : found.Int(2));

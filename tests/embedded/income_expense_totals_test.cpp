@@ -218,6 +218,22 @@ TEST_P(CategoryTotalsOf, OddCodesOpenTheirOwnBillsAndNoOthers) {
     EXPECT_EQ(opened, static_cast<int>(std::size(odd)));
 }
 
+TEST_P(CategoryTotalsOf, AClassWhoseCategoryIsGoneStandsAtTheTop) {
+    BuiltFirm firm(2);
+    const bool income = GetParam().kind == BillKind::OtherIncome;
+    const auto total = [&] {
+        AccountSet set = firm.Open();
+        const Ref<RecordSet> rows = GetParam().summary(set, *FilterOf({}));
+        rows->Move(rows->RowCount() - 1);
+        return Cents(*rows, "FAmount");
+    };
+    const std::int64_t before = total();
+    Statement lose(firm.database(),
+                   "UPDATE t_Item SET FParentID=4711 WHERE FItemClassID=? AND FNumber='01.002'");
+    lose.With(income ? item_class::kIncome : item_class::kExpense).Run();
+    EXPECT_EQ(total(), before);
+}
+
 TEST_P(CategoryTotalsOf, AFirmWithoutBillsHasItsClassesOnRequestAndNothingElse) {
     BuiltFirm firm;
     AccountSet set = firm.Open();

@@ -303,6 +303,30 @@ TEST(MoneyMovements, AShortPeriodIsTheSameAsItsPartOfALongOne) {
     EXPECT_EQ(test::FirstDifference(parts, RowsOf(*MoneyMovements(set, *FilterOf({})))), "");
 }
 
+TEST(MoneyMovements, ABillOfAnUnknownKindPlaysNoPart) {
+    BuiltFirm firm(2);
+    const auto rows = [&] {
+        AccountSet set = firm.Open();
+        auto all = RowsOf(*MoneyMovements(set, *FilterOf({})));
+        const auto account = RowsOf(*AccountMovements(set, *FilterOf({.account = "01"})));
+        all.insert(all.end(), account.begin(), account.end());
+        return all;
+    };
+    const auto before = rows();
+    for (const std::int32_t kind : {0, 27, 4711, -1}) {
+        firm.database().Run("INSERT INTO t_BillType SELECT " + std::to_string(kind) +
+                            ",'ZZ','?',0,0,0,0,0,0,0,1 WHERE NOT EXISTS (SELECT 1 FROM t_BillType WHERE "
+                            "FBillType=" +
+                            std::to_string(kind) + ")");
+        firm.Add({.kind = static_cast<BillKind>(kind),
+                  .day = kDay,
+                  .account = firm.Account(0),
+                  .amount = 700,
+                  .settled = 700});
+    }
+    EXPECT_EQ(test::FirstDifference(rows(), before), "");
+}
+
 TEST(MoneyMovements, AnAccountThatIsNotThereHasNoRows) {
     AccountSet set(test::SampleFile());
     for (const char* code : {"zz", "%", "0_", "'", "01' OR 1=1 --"}) {
