@@ -38,6 +38,7 @@ class CashBook {
     /// `bill` from kFirstColumn on.
     template <class Take>
     void Read(SqlText columns, const Take& take) {
+        if (accounts_.empty()) return;
         Statement bill = Bills(columns);
         while (bill.Step()) {
             if (!IsBillKind(bill.Int(2))) continue;

@@ -28,6 +28,23 @@ StatementSums SumsOf(const Movement& movement, std::int64_t discount, PartySide 
             .discount = letGo};
 }
 
+/// The bill of the movement that the ledger stands on.
+StatementBill BillOf(const PartyLedger& ledger, const StatementSums& sums, SharedTexts& texts) {
+    constexpr int kDepartment = PartyLedger::kMore + 1;  // behind the discount
+    const auto& row = ledger.row();
+    const std::string_view invoice = row.Text(kDepartment + 5);
+    return {.day = ledger.movement().day,
+            .bill = ledger.movement().bill,
+            .kind = ledger.movement().kind,
+            .sums = sums,
+            .department = row.Int(kDepartment),
+            .employee = row.Int(kDepartment + 1),
+            .number = row.Text(kDepartment + 2),
+            .voucher = texts.Share(row.Text(kDepartment + 3)),
+            .explanation = texts.Share(row.Text(kDepartment + 4)),
+            .invoice = invoice.empty() ? texts.Share("") : Value(invoice)};
+}
+
 /// Which accounts and bills are left out.
 class ZeroSwitches {
  public:
@@ -74,7 +91,6 @@ std::vector<StatementAccount> ReadStatementAccounts(AccountSet& set, PartySide s
     }
     moved.resize(accounts.size());
     SharedTexts texts;
-    const Value none = "";
     while (ledger.Next()) {
         const Movement& movement = ledger.movement();
         StatementAccount& account = accounts[movement.party];
@@ -83,22 +99,10 @@ std::vector<StatementAccount> ReadStatementAccounts(AccountSet& set, PartySide s
             account.begin += movement.sums.Balance();
             continue;
         }
-        int column = PartyLedger::kMore;
-        const auto& row = ledger.row();
-        const StatementSums sums = SumsOf(movement, row.Int(column++), side);
+        const StatementSums sums = SumsOf(movement, ledger.row().Int(PartyLedger::kMore), side);
         account.period += sums;
         moved[movement.party] |= !sums.AreZero();
-        if (!zeros.Show(sums)) continue;
-        account.bills.push_back({.day = movement.day,
-                                 .bill = movement.bill,
-                                 .kind = movement.kind,
-                                 .sums = sums,
-                                 .department = row.Int(column),
-                                 .employee = row.Int(column + 1),
-                                 .number = row.Text(column + 2),
-                                 .voucher = texts.Share(row.Text(column + 3)),
-                                 .explanation = texts.Share(row.Text(column + 4)),
-                                 .invoice = row.IsNull(column + 5) ? none : Value(row.Text(column + 5))});
+        if (zeros.Show(sums)) account.bills.push_back(BillOf(ledger, sums, texts));
     }
     std::vector<StatementAccount> shown;
     for (std::size_t i = 0; i < accounts.size(); ++i) {
