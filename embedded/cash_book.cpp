@@ -1,11 +1,11 @@
 #include "embedded/cash_book.h"
 
-#include "embedded/right_clause.h"
 #include "platform/conversions.h"
 
 namespace qor {
 
-CashBook::CashBook(AccountSet& set, const Dictionary& dictionary) : database_(set.database()) {
+CashBook::CashBook(AccountSet& set, const Dictionary& dictionary)
+    : database_(set.database()), visible_(set, "o", ToText(dictionary.Get("DataRightWhere"))) {
     const ReportFilter filter(dictionary);
     firstDay_ = filter.Day("BDate");
     hidesZeroBalance_ = filter.Flag("NotShowBalZero");
@@ -15,7 +15,6 @@ CashBook::CashBook(AccountSet& set, const Dictionary& dictionary) : database_(se
     AddDayRange(conditions_, "b.FDate", std::nullopt, filter.Day("EDate"));
     AddCheckState(conditions_, "b.FState", filter.Number("CheckState"));
     AddPeople(conditions_, filter);
-    AddRights(conditions_, "b.FCustID", "o", ToText(dictionary.Get("DataRightWhere")));
 
     Conditions chosen;
     AddCodeRange(chosen, "a.FItemID", item_class::kAccount, filter.Code("BAcctNumber"),
@@ -43,10 +42,11 @@ Statement CashBook::Bills(SqlText columns) {
         const std::int64_t account = places_.begin()->first;
         conditions.Add({"(b.FAcctID=? OR b.FToAcctID=?)"}, {account, account});
     }
-    Statement bills(database_,
-                    "SELECT b.FAcctID, b.FToAcctID, b.FBillType, b.FDate, b.FAmount, b.FSettleAmount" +
-                        std::string(columns.view()) + " FROM t_Bill b " + (isOne ? "" : "NOT INDEXED ") +
-                        "WHERE " + conditions.Text());
+    Statement bills(
+        database_,
+        "SELECT b.FAcctID, b.FToAcctID, b.FBillType, b.FDate, b.FAmount, b.FSettleAmount, b.FCustID" +
+            std::string(columns.view()) + " FROM t_Bill b " + (isOne ? "" : "NOT INDEXED ") + "WHERE " +
+            conditions.Text());
     conditions.BindTo(bills);
     return bills;
 }

@@ -9,6 +9,7 @@
 #include "embedded/account_set.h"
 #include "embedded/bill_kinds.h"
 #include "embedded/report_conditions.h"
+#include "embedded/right_clause.h"
 
 namespace qor {
 
@@ -44,12 +45,12 @@ class CashBook {
             if (!IsBillKind(bill.Int(2))) continue;
             const auto kind = static_cast<BillKind>(bill.Int(2));
             const std::int64_t flow = FlowOf(kind, bill.Int(4), bill.Int(5));
-            if (flow == 0) continue;
+            if (flow == 0 || !visible_.Has(bill.Int(6))) continue;
             Move(bill.Int(0), {.day = bill.Int(3), .flow = flow, .kind = kind}, bill, take);
             Move(bill.Int(1), {.day = bill.Int(3), .flow = -flow, .kind = kind}, bill, take);
         }
     }
-    static constexpr int kFirstColumn = 6;
+    static constexpr int kFirstColumn = 7;
 
     std::optional<std::int64_t> firstDay() const { return firstDay_; }
     /// Whether the filter leaves the account in.
@@ -73,6 +74,7 @@ class CashBook {
 
     Database& database_;
     Conditions conditions_;
+    VisibleParties visible_;
     std::optional<std::int64_t> firstDay_;
     bool hidesZeroBalance_, hidesUnmoved_, withOtherClaims_;
     std::unordered_map<std::int64_t, std::size_t> places_;

@@ -1,6 +1,5 @@
 #include "embedded/category_side.h"
 
-#include "embedded/right_clause.h"
 #include "platform/conversions.h"
 
 namespace qor {
@@ -19,8 +18,11 @@ Conditions CategoryBills(const CategorySide& side, const Dictionary& dictionary)
     AddCodeRange(conditions, side.partyColumn, side.parties, filter.Code(side.firstPartyKey),
                  filter.Code(side.lastPartyKey));
     AddPeople(conditions, filter);
-    AddRights(conditions, side.partyColumn, "t1", ToText(dictionary.Get("DataRightWhere")));
     return conditions;
+}
+
+VisibleParties VisibleOf(AccountSet& set, const Dictionary& filter) {
+    return {set, "t1", ToText(filter.Get("DataRightWhere"))};
 }
 
 }  // namespace qor

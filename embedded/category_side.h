@@ -7,6 +7,7 @@
 
 #include "embedded/bill_kinds.h"
 #include "embedded/report_conditions.h"
+#include "embedded/right_clause.h"
 
 namespace qor {
 
@@ -49,8 +50,10 @@ inline constexpr CategorySide kExpenseSide = {
     .groupKey = "chkGrouyBySupply",
 };
 
-/// The conditions on t_Bill b: kind, days, check state, ranges of parties, departments and employees, rights.
-/// The summaries name no such ranges; chkIncludeOther is theirs alone. Of the classes see class_tree.h.
+/// The conditions on t_Bill b: kind, days, check state, ranges of parties, departments and employees. The
+/// summaries name no such ranges; chkIncludeOther is theirs alone. Of the classes see class_tree.h.
 Conditions CategoryBills(const CategorySide& side, const Dictionary& filter);
+/// The parties whose bills the user may see.
+VisibleParties VisibleOf(AccountSet& set, const Dictionary& filter);
 
 }  // namespace qor

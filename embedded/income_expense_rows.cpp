@@ -89,9 +89,10 @@ Ref<RecordSet> CategoryDetail(AccountSet& set, const CategorySide& side, const D
     ItemTexts items(set, ReportFilter(filter).WantsShortNumbers());
     SharedTexts notes;
     RowsByClass byClass(tree);
+    const VisibleParties visible = VisibleOf(set, filter);
     while (found.Step()) {
         const std::size_t place = tree.PlaceOfTaken(found.Int(0));
-        if (place == ClassTree::kNone) continue;
+        if (place == ClassTree::kNone || !visible.Has(found.Int(4))) continue;
         byClass.Add(tree.classes()[place], {.day = found.Int(1),
                                             .amount = found.Int(2),
                                             .settled = found.Int(3),

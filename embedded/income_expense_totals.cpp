@@ -57,16 +57,17 @@ std::vector<Cell> SumLines(AccountSet& set, const CategorySide& side, const Dict
     const bool byParty = ReportFilter(filter).Flag(side.groupKey);
     const Conditions conditions = CategoryBills(side, filter);
     Statement found(set.database(),
-                    "SELECT e.FClassID, e.FAmount, e.FSettleAmount, " +
-                        std::string(byParty ? side.partyColumn.view() : "0") +
+                    "SELECT e.FClassID, e.FAmount, e.FSettleAmount, " + std::string(side.partyColumn.view()) +
                         " FROM t_Bill b CROSS JOIN t_ClassEntry e ON e.FBillID=b.FBillID WHERE " +
                         conditions.Text());
     conditions.BindTo(found);
+    const VisibleParties visible = VisibleOf(set, filter);
     std::unordered_map<std::int64_t, std::unordered_map<std::size_t, Sums>> sums;
     while (found.Step()) {
         const std::size_t place = tree.PlaceOfTaken(found.Int(0));
-        if (place == ClassTree::kNone) continue;
-        sums[found.Int(3)][under[place]] += {.amount = found.Int(1), .settled = found.Int(2)};
+        const std::int64_t party = found.Int(3);
+        if (place == ClassTree::kNone || !visible.Has(party)) continue;
+        sums[byParty ? party : 0][under[place]] += {.amount = found.Int(1), .settled = found.Int(2)};
     }
     std::vector<Cell> cells;
     for (const auto& [party, byClass] : sums) {

@@ -77,4 +77,16 @@ void AddRights(Conditions& conditions, SqlText column, std::string_view alias, s
     }
 }
 
+VisibleParties::VisibleParties(AccountSet& set, std::string_view alias, std::string_view clause) {
+    Conditions conditions;
+    AddRights(conditions, "p.FItemID", alias, clause);
+    limited_ = !Trimmed(clause).empty();
+    if (!limited_) return;
+    Statement visible(set.database(), "SELECT p.FItemID FROM t_Party p WHERE " + conditions.Text());
+    conditions.BindTo(visible);
+    while (visible.Step()) {
+        parties_.insert(visible.Int(0));
+    }
+}
+
 }  // namespace qor
