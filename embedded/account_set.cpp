@@ -61,4 +61,13 @@ std::int32_t AccountSet::DeepestLevel(std::int32_t itemClass) {
     return static_cast<std::int32_t>(deepest.Int(0));
 }
 
+std::int64_t AccountSet::Today() {
+    if (today_) return *today_;
+    constexpr std::string_view kDaysSinceDayZero =
+        "SELECT CAST(julianday('now','localtime','start of day') - julianday('1899-12-30') AS INTEGER)";
+    Statement day(database_, kDaysSinceDayZero);
+    day.Step();
+    return day.Int(0);
+}
+
 }  // namespace qor

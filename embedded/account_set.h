@@ -27,9 +27,13 @@ class AccountSet {
     bool HasAllRights(std::int32_t user);
     /// The deepest level of an item class, categories and items alike; 0 where it has none.
     std::int32_t DeepestLevel(std::int32_t itemClass);
+    /// The day on which the books are looked at: the clock's, unless another one was set.
+    std::int64_t Today();
+    void SetToday(std::int64_t day) { today_ = day; }
 
  private:
     Database database_;
+    std::optional<std::int64_t> today_;
 };
 
 }  // namespace qor

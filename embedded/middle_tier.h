@@ -28,8 +28,6 @@ class MiddleTier {
     std::string PropsString() { return server_->PropsString(); }
     AccountSet& accountSet() { return server_->accountSet; }
     const std::vector<UsageRecord>& usage() const { return server_->usage; }
-    /// What was asked and could not be answered; the data set was then an empty one.
-    const std::vector<std::string>& notices() const { return server_->notices; }
 
  private:
     ServerRef server_;

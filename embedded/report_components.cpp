@@ -1,14 +1,14 @@
 #include "embedded/report_components.h"
 
-#include <algorithm>
-
 #include "embedded/account_rows.h"
 #include "embedded/account_totals.h"
 #include "embedded/ageing_rows.h"
 #include "embedded/cash_rows.h"
 #include "embedded/connection.h"
+#include "embedded/credit_warnings.h"
 #include "embedded/income_expense_rows.h"
 #include "embedded/income_expense_totals.h"
+#include "embedded/matching_rows.h"
 #include "embedded/money_movements.h"
 #include "embedded/settlement_lists.h"
 #include "embedded/statement_rows.h"
@@ -27,32 +27,12 @@ Value Answer(Object& self, Arguments a) {
     return Compute(ServerOf(self).accountSet, *filter);
 }
 
-template <std::size_t N>
-struct MemberName {
-    consteval MemberName(const char (&name)[N]) { std::copy_n(name, N, text); }
-    char text[N];
-};
-
-/// No figures yet: an empty data set, and a notice that says so.
-Value NotAnswered(Object& self, std::string_view member) {
-    std::string& notice = ServerOf(self).notices.emplace_back("内置账套尚不能回答 ");
-    notice += member;
-    return MakeRef<ColumnarRecordSet>(std::vector<std::string>{});
-}
-
 constexpr Parameter kProps{"PropsString", ParameterType::Text};
 constexpr Parameter kFilter{"Filter", ParameterType::Any, true};
 
 constexpr Member ReportMember(std::string_view name, Value (*invoke)(Object&, Arguments)) {
     return {
         .name = name, .invoke = invoke, .result = ParameterType::Object, .parameters = {{kProps, kFilter}}};
-}
-
-template <MemberName Name>
-constexpr Member Unanswered() {
-    return ReportMember({Name.text, sizeof(Name.text) - 1}, [](Object& self, Arguments) {
-        return NotAnswered(self, {Name.text, sizeof(Name.text) - 1});
-    });
 }
 
 /// The statement of account hands two more record sets back where it is asked for pages.
@@ -85,10 +65,13 @@ constexpr Member kData[] = {
     ReportMember("GetRpt10505Data", Answer<PayableSummary>),
     StatementMember<PartySide::Customer>("GetRpt10506DataByCust"),
     StatementMember<PartySide::Supplier>("GetRpt10506DataBySupply"),
+    ReportMember("GetRpt10507Data", Answer<CustomerCreditWarnings>),
+    ReportMember("GetRpt10508Data", Answer<SupplierCreditWarnings>),
     ReportMember("GetRpt10521Data", Answer<IncomeSummary>),
     ReportMember("GetRpt10522Data", Answer<IncomeDetail>),
     ReportMember("GetRpt10523Data", Answer<ExpenseSummary>),
     ReportMember("GetRpt10524Data", Answer<ExpenseDetail>),
+    ReportMember("GetRpt10527Data", Answer<MatchingBalance>),
     ReportMember("GetRpt10528Data", Answer<CashJournal>),
     ReportMember("GetRpt10529Data", Answer<CashLedger>),
     ReportMember("GetRpt10531Data", Answer<ReceivableAdvanceSummary>),
@@ -105,9 +88,6 @@ constexpr Member kData[] = {
      },
      .result = ParameterType::Object,
      .parameters = {{kProps, {"Statement", ParameterType::Text, true}}}},
-    Unanswered<"GetRpt10507Data">(),
-    Unanswered<"GetRpt10508Data">(),
-    Unanswered<"GetRpt10527Data">(),
 };
 
 constexpr Member kData10525[] = {ReportMember("GetRptData", Answer<ReceiptList>)};

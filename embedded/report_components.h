@@ -1,5 +1,4 @@
-// The data components of the reports. A report that is answered has a row with its function; the others have
-// a row that says so.
+// The data components of the reports: one row a member, with the function that computes it.
 #pragma once
 
 #include "embedded/server.h"

@@ -69,9 +69,14 @@ std::vector<RightCondition> ParseRightClause(std::string_view clause) {
 }
 
 void AddRights(Conditions& conditions, SqlText column, std::string_view alias, std::string_view clause) {
+    AddRights(conditions, {{alias, column}}, clause);
+}
+
+void AddRights(Conditions& conditions, std::initializer_list<RightColumn> columns, std::string_view clause) {
     for (RightCondition& right : ParseRightClause(clause)) {
-        if (right.alias != alias) RaiseAccountSetError("数据权限条件的表别名不符：" + right.alias);
-        conditions.Add({"(", column, " IS NULL OR ", column,
+        const RightColumn* meant = std::ranges::find(columns, right.alias, &RightColumn::alias);
+        if (meant == columns.end()) RaiseAccountSetError("数据权限条件的表别名不符：" + right.alias);
+        conditions.Add({"(", meant->column, " IS NULL OR ", meant->column,
                         " IN (SELECT FItemID FROM t_Party WHERE instr(FRightUserID,?)>0))"},
                        {std::move(right.user)});
     }

@@ -26,6 +26,15 @@ std::vector<RightCondition> ParseRightClause(std::string_view clause);
 /// for a clause on another alias.
 void AddRights(Conditions& conditions, SqlText column, std::string_view alias, std::string_view clause);
 
+/// What a clause may limit: the parties of a column, under the name that the clause has for them.
+struct RightColumn {
+    std::string_view alias;
+    SqlText column;
+};
+
+/// The same of a clause on several columns, each by its own alias.
+void AddRights(Conditions& conditions, std::initializer_list<RightColumn> columns, std::string_view clause);
+
 /// The parties that a clause on `alias` leaves visible. For statements with many rows: asking here costs a
 /// fraction of the condition that AddRights writes.
 class VisibleParties {

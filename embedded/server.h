@@ -40,7 +40,6 @@ struct Server {
     std::unique_ptr<UserProfileStore> profiles;
     PickItem pick;
     std::vector<UsageRecord> usage{};
-    std::vector<std::string> notices{};  // for whoever runs the server: what it could not answer
 
     /// "UserID=1;UserName={...};AcctName={...};"
     std::string PropsString();

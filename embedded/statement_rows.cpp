@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "embedded/goods_lines.h"
 #include "embedded/item_texts.h"
 #include "embedded/money.h"
 #include "embedded/report_conditions.h"
@@ -13,50 +14,6 @@
 namespace qor {
 
 namespace {
-
-constexpr double kTenThousandths = 10000;  // of quantities and prices
-
-struct GoodsRow {
-    const ItemTexts::Texts* item;
-    Value model, aux, batch;
-    Value unit, showUnit;
-    std::int64_t quantity, price, showRate;  // of the base unit, in ten-thousandths
-    std::int64_t amount;
-};
-
-/// The goods lines of a bill, in their order; none for a bill without goods.
-class GoodsReader {
- public:
-    GoodsReader(AccountSet& set, bool shortNumbers)
-        : lines_(set.database(),
-                 "SELECT e.FItemID, g.FModel, e.FAuxName, e.FBatchNo, g.FUnitID, e.FShowUnitID, e.FQty, "
-                 "e.FPrice, e.FShowRate, e.FAmount FROM t_GoodsEntry e LEFT JOIN t_Goods g ON "
-                 "g.FItemID=e.FItemID WHERE e.FBillID=? ORDER BY e.FIndex"),
-          items_(set, shortNumbers) {}
-
-    std::vector<GoodsRow> Of(std::int64_t bill) {
-        std::vector<GoodsRow> rows;
-        lines_.With(bill);
-        while (lines_.Step()) {
-            rows.push_back({.item = &items_.Of(lines_.Int(0)),
-                            .model = texts_.Share(lines_.Text(1)),
-                            .aux = texts_.Share(lines_.Text(2)),
-                            .batch = texts_.Share(lines_.Text(3)),
-                            .unit = items_.Of(lines_.Int(4)).name,
-                            .showUnit = items_.Of(lines_.Int(5)).name,
-                            .quantity = lines_.Int(6),
-                            .price = lines_.Int(7),
-                            .showRate = lines_.Int(8),
-                            .amount = lines_.Int(9)});
-        }
-        return rows;
-    }
-
- private:
-    Statement lines_;
-    ItemTexts items_;
-    SharedTexts texts_;
-};
 
 class StatementWriter {
  public:
@@ -83,7 +40,8 @@ class StatementWriter {
         balance_ = account.begin;
         AddOpening(items_.Of(account.party));
         for (StatementBill& bill : account.bills) {
-            const std::vector<GoodsRow> lines = goods_ ? goods_->Of(bill.bill) : std::vector<GoodsRow>{};
+            const std::vector<GoodsLineRow> lines =
+                goods_ ? goods_->Of(bill.bill) : std::vector<GoodsLineRow>{};
             StatementSums rest = bill.sums;
             for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
                 AddBill(StatementBill(bill), {.raised = lines[i].amount}, &lines[i]);
@@ -126,7 +84,7 @@ class StatementWriter {
         }
     }
 
-    void AddBill(StatementBill&& bill, const StatementSums& sums, const GoodsRow* goods) {
+    void AddBill(StatementBill&& bill, const StatementSums& sums, const GoodsLineRow* goods) {
         column_ = 0;
         Add(Date{static_cast<double>(bill.day)});
         Add(kindNames_[static_cast<std::size_t>(bill.kind) - 1]);
@@ -140,7 +98,7 @@ class StatementWriter {
         Add(std::move(bill.invoice));
     }
 
-    void AddGoods(const GoodsRow* goods) {
+    void AddGoods(const GoodsLineRow* goods) {
         if (!goods_) return;
         if (!goods) {
             for (int i = 0; i < 5; ++i) {
@@ -152,19 +110,17 @@ class StatementWriter {
             }
             return;
         }
-        const auto quantity = static_cast<double>(goods->quantity), price = static_cast<double>(goods->price);
-        const auto rate = static_cast<double>(std::max<std::int64_t>(goods->showRate, 1));
         Add(goods->item->name);
         Add(goods->item->number);
         Add(goods->model);
         Add(goods->aux);
         Add(goods->batch);
         Add(goods->unit);
-        Add(quantity / kTenThousandths);
-        Add(price / kTenThousandths);
+        Add(goods->Quantity());
+        Add(goods->Price());
         Add(goods->showUnit);
-        Add(quantity / (rate * kTenThousandths));
-        Add(price * rate / kTenThousandths);
+        Add(goods->ShownQuantity());
+        Add(goods->ShownPrice());
     }
 
     void AddSums(const StatementSums& sums) {
@@ -179,7 +135,7 @@ class StatementWriter {
 
     ItemTexts items_;
     std::optional<std::int64_t> firstDay_;
-    std::optional<GoodsReader> goods_;
+    std::optional<GoodsLineReader> goods_;
     Ref<ColumnarRecordSet> set_;
     std::vector<Value> kindNames_;
     const Value blank_ = "";

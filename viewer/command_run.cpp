@@ -64,9 +64,6 @@ int Run(RunCommand& command) {
         FileSchemeStore schemes(UserSchemeFile());
         RunHost host(middleTier, schemes, std::cerr);
         const Ref<Object> report = host.Run(command.request);
-        for (const std::string& notice : middleTier.notices()) {
-            std::cerr << "qorview run: " << notice << '\n';
-        }
         const ReportView view = ReadReport(*report, command.columns == "all" ? Columns::All : Columns::Shown);
         const std::size_t rows = Print(view, command.format);
         const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;

@@ -280,19 +280,5 @@ TEST(ReportData, RunsTheGateOfTheMatchingBalance) {
     EXPECT_FALSE(As<RecordSet>(data->Call("GetData", "", Argument::ByRef(statement)))->Eof());
 }
 
-TEST(ReportData, AReportThatIsNotAnsweredYetHasNoRowsAndLeavesANotice) {
-    MiddleTier tier(test::SampleFile());
-    const std::pair<const char*, const char*> unanswered[] = {
-        {"QORMArApRpt.Data", "GetRpt10508Data"},
-    };
-    for (const auto& [component, member] : unanswered) {
-        const std::size_t before = tier.notices().size();
-        const Ref<RecordSet> rows = AskReport(tier, component, member, Filter({}));
-        EXPECT_TRUE(rows->Eof()) << member;
-        ASSERT_EQ(tier.notices().size(), before + 1) << member;
-        EXPECT_EQ(tier.notices().back(), std::string("内置账套尚不能回答 ") + member);
-    }
-}
-
 }  // namespace
 }  // namespace qor
