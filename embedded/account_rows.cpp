@@ -63,7 +63,7 @@ class Detail {
             all += account.current;
             closing += account.Closing();
         }
-        if (accounts_.size() > 1) WriteSummary({}, "合计", all, closing, kGrandTotal);
+        if (accounts_.size() > 1) WriteSummary({}, "合计", "", all, closing, kGrandTotal);
         return set_;
     }
 
@@ -109,14 +109,14 @@ class Detail {
         const auto order = [](const BillRow& row) { return std::pair(row.day, row.bill); };
         if (!std::ranges::is_sorted(account.bills, {}, order)) std::ranges::sort(account.bills, {}, order);
         const ItemTexts::Texts& party = items_.Of(account.party.id);
-        WriteSummary(account.party, "期初余额：" + party.number.text() + " " + party.name.text(), {},
+        WriteSummary(account.party, "期初余额", party.number.text() + " " + party.name.text(), {},
                      account.opening, kRow);
         std::int64_t balance = account.opening;
         for (BillRow& bill : account.bills) {
             balance += bill.sums.Balance();
             WriteBill(account.party, bill, balance);
         }
-        WriteSummary(account.party, "小计", account.current, balance, kPartyTotal);
+        WriteSummary(account.party, "小计", "", account.current, balance, kPartyTotal);
     }
 
     void WriteBill(const LedgerParty& party, BillRow& bill, std::int64_t balance) {
@@ -134,13 +134,13 @@ class Detail {
     }
 
     /// A row that is no bill: an opening balance, dated on the first day, or a total.
-    void WriteSummary(const LedgerParty& party, Value text, const LedgerSums& sums, std::int64_t balance,
-                      SumSort sort) {
+    void WriteSummary(const LedgerParty& party, const char* kind, Value explanation, const LedgerSums& sums,
+                      std::int64_t balance, SumSort sort) {
         column_ = 0;
         AddCell(sort == kRow && firstDay_ ? Value(Date{static_cast<double>(*firstDay_)}) : Value::Null());
+        AddCell(kind);
         AddCell(blank_);
-        AddCell(blank_);
-        AddCell(std::move(text));
+        AddCell(std::move(explanation));
         AddAmounts(sums, balance);
         AddCell(blank_);
         AddCell(blank_);

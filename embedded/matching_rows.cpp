@@ -38,11 +38,11 @@ class MatchingWriter {
     void Write(const MatchedAccount& account) {
         account_ = &account;
         balance_ = account.opening;
-        AddSummary(firstDay_, "期初余额：" + Heading(), {}, kRow);
+        AddSummary(firstDay_, "期初余额", Heading(), {}, kRow);
         for (const MatchedBill& bill : account.bills) {
             WriteBill(bill);
         }
-        AddSummary(std::nullopt, "小计", account.period, kPartyTotal);
+        AddSummary(std::nullopt, "小计", "", account.period, kPartyTotal);
         all_ += account.period;
         allBalance_ += balance_;
         ++accounts_;
@@ -51,7 +51,7 @@ class MatchingWriter {
     Ref<RecordSet> Finish() {
         account_ = nullptr;
         balance_ = allBalance_;
-        if (accounts_ > 1) AddSummary(std::nullopt, "合计", all_, kGrandTotal);
+        if (accounts_ > 1) AddSummary(std::nullopt, "合计", "", all_, kGrandTotal);
         return set_;
     }
 
@@ -91,12 +91,14 @@ class MatchingWriter {
         AddParties(kRow);
     }
 
-    void AddSummary(std::optional<std::int64_t> day, Value text, const MatchedSums& sums, SumSort sort) {
+    void AddSummary(std::optional<std::int64_t> day, const char* kind, Value explanation,
+                    const MatchedSums& sums, SumSort sort) {
         column_ = 0;
         Add(day ? Value(Date{static_cast<double>(*day)}) : Value::Null());
-        AddBlanks(3);
+        Add(kind);
+        AddBlanks(2);
         AddGoods(nullptr);
-        Add(std::move(text));
+        Add(std::move(explanation));
         AddAmounts(sums);
         AddBlanks(2);
         AddParties(sort);

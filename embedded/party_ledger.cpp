@@ -7,7 +7,7 @@ namespace qor {
 
 namespace {
 
-constexpr std::size_t kFewParties = 64;  // up to here a party's bills are looked up one party at a time
+constexpr std::size_t kFewParties = 64;  // a range of no more has its bills looked up party by party
 
 /// The columns that decide whether a bill counts: of a bill, and of the consignment that it goes back to.
 struct BillColumns {
@@ -53,15 +53,11 @@ SideSigns CountedSigns(BillKind kind, PartySide side, const LedgerSwitches& swit
         case BillKind::Estimate:
         case BillKind::EstimateReversal:
             return !selling && switches.estimates ? kRaises : SideSigns{};
-        case BillKind::OtherReceivable:
-        case BillKind::OtherPayable:
-        case BillKind::OtherIncome:
-        case BillKind::Expense:
-            return switches.others ? SignsOf(kind, side) : SideSigns{};
         case BillKind::SaleRebate:
         case BillKind::PurchaseRebate:
             return switches.rebates ? SignsOf(kind, side) : SideSigns{};
         default:
+            if (IsOtherClaim(kind) && !switches.others) return {};
             return IsWriteOff(kind) && !switches.writeOffs ? SideSigns{} : SignsOf(kind, side);
     }
 }
@@ -108,7 +104,8 @@ void PartyLedger::OpenRows(AccountSet& set, const LedgerQuery& query, SqlText mo
     Conditions conditions, settled;
     AddDayRange(conditions, "b.FDate", std::nullopt, query.lastDay);
     AddBillConditions(conditions, kBill, query);
-    const bool few = parties_.size() <= kFewParties;
+    const bool isRange = !query.parties.first.empty() || !query.parties.last.empty();
+    const bool few = isRange && parties_.size() <= kFewParties;
     if (few) {
         constexpr SqlText kBetween =
             " IN (SELECT FItemID FROM t_Item WHERE FItemClassID=(SELECT FItemClassID FROM t_Item WHERE "

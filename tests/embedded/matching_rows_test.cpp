@@ -128,8 +128,8 @@ std::vector<std::string> Slow(const PlainBook& book, const Asked& asked) {
         const auto open = [&] {
             if (!opening.empty()) return;
             const std::string day = asked.both.firstDay == 0 ? "-" : std::to_string(asked.both.firstDay);
-            opening = day + "||||期初余额：" + customer.number + " " + customer.name + "，" +
-                      supplier.number + " " + supplier.name + "|" + Cells({}, balance) + "||" + behind + "0|";
+            opening = day + "|期初余额|||" + customer.number + " " + customer.name + "，" + supplier.number +
+                      " " + supplier.name + "|" + Cells({}, balance) + "||" + behind + "0|";
         };
         for (const auto& [place, amounts] : Bills(book, asked, pair.first, pair.second)) {
             const BookBill& bill = *place.second;
@@ -150,12 +150,12 @@ std::vector<std::string> Slow(const PlainBook& book, const Asked& asked) {
         if (asked.both.hidesNoMovement && own.empty()) continue;
         rows.push_back(opening);
         rows.insert(rows.end(), own.begin(), own.end());
-        rows.push_back("-||||小计|" + Cells(period, balance) + "||" + behind + "1|");
+        rows.push_back("-|小计||||" + Cells(period, balance) + "||" + behind + "1|");
         Add(all, period);
         Add(allBalance, balance);
         ++shown;
     }
-    if (shown > 1) rows.push_back("-||||合计|" + Cells(all, allBalance) + "||||||2|");
+    if (shown > 1) rows.push_back("-|合计||||" + Cells(all, allBalance) + "||||||2|");
     return rows;
 }
 

@@ -35,6 +35,7 @@ bool OwnEntry(const PlainBook& book, const BookBill& bill, const AccountsAsked& 
         case BillKind::Sale:
         case BillKind::SaleReturn:
         case BillKind::OpeningReceivable:
+        case BillKind::OtherIncome:
         case BillKind::ConsignmentSale:
             if (!selling) return false;
             entry.raised = IsRaisedAlready(book, bill, asked) ? 0 : bill.amount;
@@ -43,16 +44,15 @@ bool OwnEntry(const PlainBook& book, const BookBill& bill, const AccountsAsked& 
         case BillKind::Purchase:
         case BillKind::PurchaseReturn:
         case BillKind::OpeningPayable:
+        case BillKind::Expense:
             entry.raised = bill.amount;
             entry.settled = bill.settled;
             return !selling;
         case BillKind::OtherReceivable:
-        case BillKind::OtherIncome:
             entry.raised = bill.amount;
             entry.settled = bill.settled;
             return selling && asked.others;
         case BillKind::OtherPayable:
-        case BillKind::Expense:
             entry.raised = bill.amount;
             entry.settled = bill.settled;
             return !selling && asked.others;
@@ -321,17 +321,17 @@ std::vector<std::string> SlowDetail(const PlainBook& book, const AccountsAsked& 
         if (rows.empty() && asked.hidesNoMovement) continue;
         if (rows.empty() && !party.current && before.Balance() == 0) continue;
         const std::string day = asked.firstDay == 0 ? "-|" : Cell(asked.firstDay);
-        texts.push_back(day + "||期初余额：" + party.number + " " + party.name + "|0|0|0|" +
+        texts.push_back(day + "期初余额||" + party.number + " " + party.name + "|0|0|0|" +
                         Cell(before.Balance()) + "||0|0|" + behind + "0|");
         texts.insert(texts.end(), rows.begin(), rows.end());
-        texts.push_back("-|||小计|" + Cell(within.advance) + Cell(within.raised) + Cell(within.settled) +
+        texts.push_back("-|小计|||" + Cell(within.advance) + Cell(within.raised) + Cell(within.settled) +
                         Cell(balance) + "||0|0|" + behind + "1|");
         all.Add({0, nullptr, within.raised, within.settled, within.advance});
         closing += balance;
         ++shown;
     }
     if (shown > 1) {
-        texts.push_back("-|||合计|" + Cell(all.advance) + Cell(all.raised) + Cell(all.settled) +
+        texts.push_back("-|合计|||" + Cell(all.advance) + Cell(all.raised) + Cell(all.settled) +
                         Cell(closing) + "||0|0|0|||2|");
     }
     return texts;
