@@ -70,18 +70,25 @@ fs::path FiguresBench::FirmOfClerk(std::int64_t bills) const {
 }
 
 void FiguresBench::GrowthTable() const {
-    out << "| Report | Bills | Rows | First row, ms | Last row, ms | µs a bill | Peak memory, MiB |\n"
-           "|---|---|---|---|---|---|---|\n";
+    out << "Milliseconds to the first / to the last row; peak memory in MiB\n\n| Report |";
+    std::string rule = "\n|---|";
+    for (const std::int64_t size : sizes) {
+        out << " rows of " << size << " bills | ms | MiB |";
+        rule += "---|---|---|";
+    }
+    out << " µs a bill |" << rule << "---|\n";
     for (const ReportEntry& report : Reports()) {
+        out << "| " << Named(report.description) << " |";
+        std::string perBill;
         for (const std::int64_t size : sizes) {
             const RunCost cost = RunIn(*this, "run", report.description.number, Firm(size), kOwner);
-            out << "| " << Named(report.description) << " | " << size << " | "
-                << (cost.answered ? std::to_string(cost.rows) : "not answered") << " | "
-                << Milliseconds(cost.first) << " | " << Milliseconds(cost.last) << " | "
-                << Fixed(cost.last * 1e6 / static_cast<double>(size), 2) << " | " << cost.peakKiB / 1024
-                << " |\n"
-                << std::flush;
+            out << ' ' << (cost.answered ? std::to_string(cost.rows) : "not answered") << " | "
+                << Milliseconds(cost.first) << " / " << Milliseconds(cost.last) << " | "
+                << cost.peakKiB / 1024 << " |" << std::flush;
+            perBill.append(perBill.empty() ? "" : ", ")
+                .append(Fixed(cost.last * 1e6 / static_cast<double>(size), 2));
         }
+        out << ' ' << perBill << " |\n";
     }
 }
 
