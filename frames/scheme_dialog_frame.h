@@ -30,6 +30,7 @@ class SchemeDialogFrame final : public SchemeFrame {
     /// On the short panel what was typed there is carried over first: the defaults leave codes as they are.
     void ShowDefaults() override;
     void SwitchPanel(bool whole) override;
+    bool ShowsWholePanel() const override { return whole_; }
     void SaveScheme(std::string_view name) override;
     void LoadSavedScheme(std::string_view name) override;
     /// Leaves the screen alone. Where it was the current scheme, the next dialog begins with the defaults.

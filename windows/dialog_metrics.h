@@ -9,22 +9,36 @@ namespace qor::windows {
 
 class DialogMetrics {
  public:
-    /// For the monitor on which a window over `owner` comes up.
-    explicit DialogMetrics(HWND owner);
-    /// For a given resolution, as pictures are made.
+    /// For the monitor that a window stands on.
+    explicit DialogMetrics(HWND window) : DialogMetrics(DotsPerInchOf(window)) {}
     explicit DialogMetrics(int dotsPerInch);
     ~DialogMetrics();
     DialogMetrics(const DialogMetrics&) = delete;
     DialogMetrics& operator=(const DialogMetrics&) = delete;
 
-    int Pixels(std::int32_t twips) const { return MulDiv(twips, dotsPerInch_, 1440); }
+    static int DotsPerInchOf(HWND window);
+
+    /// The window has come to another monitor. The old font goes with the next change or with this object,
+    /// so that windows can be given the new one first.
+    void SetDotsPerInch(int dotsPerInch);
+
     int dotsPerInch() const { return dotsPerInch_; }
+    int Pixels(std::int32_t twips) const { return MulDiv(twips, dotsPerInch_, 1440); }
+    /// The edges of a rectangle are rounded, not its size: what is flush in twips is flush in pixels.
+    RECT Pixels(const Bounds& bounds) const {
+        return {Pixels(bounds.left), Pixels(bounds.top), Pixels(bounds.left + bounds.width),
+                Pixels(bounds.top + bounds.height)};
+    }
     /// 宋体, 9 points.
     HFONT font() const { return font_; }
+
+    /// The outer size of a window with a client area of that many pixels.
+    SIZE OuterSize(SIZE client, DWORD style, DWORD extendedStyle) const;
 
  private:
     int dotsPerInch_;
     HFONT font_;
+    HFONT oldFont_ = nullptr;
 };
 
 }  // namespace qor::windows

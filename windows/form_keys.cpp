@@ -1,5 +1,6 @@
 // The keyboard of a form's window: the form sees every key before its control does.
-#include "platform/user.h"
+#include <cwctype>
+
 #include "windows/form_window.h"
 
 namespace qor::windows {
@@ -8,19 +9,10 @@ namespace {
 
 bool IsPressed(int keyCode) { return GetKeyState(keyCode) < 0; }
 
-/// The mnemonic of a caption such as "确定(&O)", in lower case; 0 where it has none.
-wchar_t MnemonicOf(const std::string& caption) {
-    const std::wstring wide = Wide(caption);
-    const std::size_t mark = wide.find(L'&');
-    return mark == std::wstring::npos || mark + 1 == wide.size()
-               ? L'\0'
-               : static_cast<wchar_t>(towlower(wide[mark + 1]));
-}
-
 }  // namespace
 
 bool FormWindow::TranslateKey(const MSG& message) {
-    if (message.hwnd != window_ && !IsChild(window_, message.hwnd)) return false;
+    if (message.hwnd != handle() && !IsChild(handle(), message.hwnd)) return false;
     switch (message.message) {
         case WM_KEYDOWN:
             return KeyDown(message.wParam);
@@ -40,27 +32,35 @@ bool FormWindow::KeyDown(WPARAM pressed) {
     bool handled = false;
     Guarded([&] {
         auto keyCode = static_cast<std::int32_t>(pressed);
+        ControlWindow* drawn = Find(GetFocus());
         form_.KeyDown(keyCode);
         const bool tab = form_.TabWasSent();
-        handled = keyCode == 0;
+        handled = keyCode == 0 || tab || keyCode == VK_TAB;
         if (keyCode == VK_TAB || tab) {
-            form_.MoveFocusByTab(keyCode == VK_TAB && IsPressed(VK_SHIFT));
-            handled = true;
+            const bool listClosed = tab && drawn && drawn->TakeEscape();
+            if (!listClosed) Tab(drawn, keyCode == VK_TAB && IsPressed(VK_SHIFT));
         } else if (keyCode == VK_ESCAPE) {
-            form_.CancelByUser();
+            if (!(drawn && drawn->TakeEscape()) && !activating_) form_.CancelByUser();
             handled = true;
+        } else if (keyCode == VK_RETURN) {
+            handled = drawn && drawn->TakeEnter();
         }
     });
     return handled || done_;
 }
 
+void FormWindow::Tab(ControlWindow* drawn, bool backwards) {
+    if (drawn && drawn->TakeTab(backwards)) return;
+    arrival_ = backwards ? Arrival::BackTab : Arrival::Tab;
+    form_.MoveFocusByTab(backwards);
+}
+
 bool FormWindow::Mnemonic(wchar_t character) {
+    const auto letter = static_cast<wchar_t>(std::towlower(character));
+    bool taken = false;
     for (const auto& drawn : controls_) {
-        if (drawn->control().kind() != Control::Kind::Button) continue;
-        auto& button = static_cast<Button&>(drawn->control());
-        if (MnemonicOf(button.caption()) != towlower(character)) continue;
-        Guarded([&] { User(form_).Click(button); });
-        return true;
+        Guarded([&] { taken = drawn->TakeMnemonic(letter); });
+        if (taken || done_) return true;
     }
     return false;
 }

@@ -1,8 +1,8 @@
 #include "windows/form_window.h"
 
-#include <commctrl.h>
+#include <utility>
 
-#include "windows/module.h"
+#include "windows/instance.h"
 
 namespace qor::windows {
 
@@ -11,52 +11,83 @@ namespace {
 constexpr wchar_t kClassName[] = L"QORArApRptForm";
 constexpr UINT kActivated = WM_APP + 1;  // the window has come up
 constexpr UINT kShowFocus = WM_APP + 2;  // the model's focus is to be shown
+constexpr UINT kDotsChanged = 0x02E0;    // the window has come to a monitor of another resolution
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
 constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 
-void RegisterFormClass(WNDPROC procedure) {
-    static const ATOM registered = [procedure] {
-        INITCOMMONCONTROLSEX controls{
-            sizeof controls, ICC_DATE_CLASSES | ICC_UPDOWN_CLASS | ICC_PROGRESS_CLASS | ICC_STANDARD_CLASSES};
-        InitCommonControlsEx(&controls);
-        WNDCLASSEXW windowClass{};
-        windowClass.cbSize = sizeof windowClass;
-        windowClass.lpfnWndProc = procedure;
-        windowClass.hInstance = ThisModule();
-        windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-        windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-        windowClass.lpszClassName = kClassName;
-        return RegisterClassExW(&windowClass);
-    }();
-    (void)registered;
-}
-
-/// Centred over the owner, or on the screen where there is none.
-POINT PlaceOver(HWND owner, int width, int height) {
-    RECT area{};
-    if (!owner || !GetWindowRect(owner, &area)) SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
-    return {area.left + (area.right - area.left - width) / 2,
-            area.top + (area.bottom - area.top - height) / 2};
+void LoadCommonControls() {
+    INITCOMMONCONTROLSEX controls{
+        sizeof controls, ICC_DATE_CLASSES | ICC_UPDOWN_CLASS | ICC_PROGRESS_CLASS | ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&controls);
 }
 
 }  // namespace
 
-FormWindow::FormWindow(Form& form, HWND owner) : form_(form), metrics_(owner) {
-    RegisterFormClass(&FormWindow::WindowProcedure);
-    RECT area{0, 0, metrics_.Pixels(form.size().width), metrics_.Pixels(form.size().height)};
-    AdjustWindowRectEx(&area, kStyle, FALSE, kExtendedStyle);
-    const int width = area.right - area.left, height = area.bottom - area.top;
-    const POINT place = PlaceOver(owner, width, height);
-    window_ = CreateWindowExW(kExtendedStyle, kClassName, Wide(form.caption()).c_str(), kStyle, place.x,
-                              place.y, width, height, owner, nullptr, ThisModule(), this);
+FormWindow::FormWindow(WindowSystem& windows, Form& form, HWND owner)
+    : form_(form), metrics_(96), surface_{nullptr, metrics_, windows} {
+    Make(owner);
     for (Control* control : form_.controls()) {
-        auto made = MakeControlWindow(*control, window_, metrics_);
+        auto made = MakeControlWindow(*control, surface_);
         if (!made) continue;
-        SetWindowSubclass(made->handle(), &FormWindow::ControlProcedure, 1,
-                          reinterpret_cast<DWORD_PTR>(this));
+        for (HWND window : made->FocusWindows()) {
+            SetWindowSubclass(window, &FormWindow::ControlProcedure, 1, reinterpret_cast<DWORD_PTR>(this));
+        }
         controls_.push_back(std::move(made));
     }
+    for (const auto& one : controls_) {
+        for (const auto& other : controls_) {
+            one->Join(*other);
+        }
+    }
     form_.SetView(this);
+}
+
+void FormWindow::Make(HWND owner) {
+    static const bool loaded = (LoadCommonControls(), true);
+    static const WindowClass registered(kClassName, &FormWindow::WindowProcedure, 0,
+                                        GetSysColorBrush(COLOR_BTNFACE));
+    (void)loaded;
+    CreateWindowExW(kExtendedStyle, kClassName, Wide(form_.caption()).c_str(), kStyle, 0, 0, 0, 0, owner,
+                    nullptr, ThisInstance(), this);
+    PlaceOver(owner);
+}
+
+SIZE FormWindow::OuterSize() const {
+    const SIZE client{metrics_.Pixels(form_.size().width), metrics_.Pixels(form_.size().height)};
+    return metrics_.OuterSize(client, kStyle, kExtendedStyle);
+}
+
+/// Centred over the owner, or on the screen where there is none, and wholly on its monitor.
+void FormWindow::PlaceOver(HWND owner) {
+    const HMONITOR monitor = MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY);
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    GetMonitorInfoW(monitor, &screen);
+    RECT area{};
+    if (!owner || IsIconic(owner) || !GetWindowRect(owner, &area)) area = screen.rcWork;
+    // The window has to be on the monitor before its resolution can be asked.
+    SetWindowPos(handle(), nullptr, area.left, area.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    metrics_.SetDotsPerInch(DialogMetrics::DotsPerInchOf(handle()));
+
+    const SIZE size = OuterSize();
+    const auto within = [](LONG wanted, LONG size, LONG from, LONG to) {
+        return std::max(from, std::min(wanted, to - size));
+    };
+    SetWindowPos(handle(), nullptr,
+                 within(area.left + (area.right - area.left - size.cx) / 2, size.cx, screen.rcWork.left,
+                        screen.rcWork.right),
+                 within(area.top + (area.bottom - area.top - size.cy) / 2, size.cy, screen.rcWork.top,
+                        screen.rcWork.bottom),
+                 size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormWindow::MoveToMonitorOf(int dotsPerInch, const RECT& place) {
+    metrics_.SetDotsPerInch(dotsPerInch);
+    const SIZE size = OuterSize();
+    SetWindowPos(handle(), nullptr, place.left, place.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+    for (const auto& drawn : controls_) {
+        drawn->UpdateAll();
+    }
 }
 
 FormWindow::~FormWindow() { Close(); }
@@ -64,10 +95,12 @@ FormWindow::~FormWindow() { Close(); }
 void FormWindow::Close() {
     form_.SetView(nullptr);
     for (const auto& control : controls_) {
-        RemoveWindowSubclass(control->handle(), &FormWindow::ControlProcedure, 1);
+        for (HWND window : control->FocusWindows()) {
+            RemoveWindowSubclass(window, &FormWindow::ControlProcedure, 1);
+        }
     }
     controls_.clear();
-    if (const HWND window = std::exchange(window_, nullptr)) {
+    if (const HWND window = std::exchange(surface_.window, nullptr)) {
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         DestroyWindow(window);
     }
@@ -83,19 +116,17 @@ void FormWindow::Guarded(const std::function<void()>& step) {
     } catch (...) {
         // No exception may pass a window procedure: it is kept and raised when the run has ended.
         if (!failure_) failure_ = std::current_exception();
-        done_ = true;
-        PostMessageW(window_, WM_NULL, 0, 0);
+        Closed();
     }
 }
 
 void FormWindow::Run() {
-    ShowWindow(window_, SW_SHOW);
-    UpdateWindow(window_);
-    PostMessageW(window_, kActivated, 0, 0);
+    ShowWindow(handle(), SW_SHOW);
+    UpdateWindow(handle());
+    PostMessageW(handle(), kActivated, 0, 0);
     MSG message;
     while (!done_) {
-        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
-        if (got <= 0) {
+        if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
             PostQuitMessage(static_cast<int>(message.wParam));  // for the host's own loop
             Guarded([this] { form_.CancelByUser(); });
             break;
@@ -108,47 +139,62 @@ void FormWindow::Run() {
 }
 
 HWND FormWindow::HandleOf(const Control& control) const {
+    const ControlWindow* drawn = WindowOf(&control);
+    return drawn ? drawn->handle() : nullptr;
+}
+
+ControlWindow* FormWindow::WindowOf(const Control* control) const {
     for (const auto& drawn : controls_) {
-        if (&drawn->control() == &control) return drawn->handle();
+        if (&drawn->control() == control) return drawn.get();
     }
     return nullptr;
 }
 
 ControlWindow* FormWindow::Find(HWND window) const {
+    if (!window) return nullptr;
     for (const auto& drawn : controls_) {
-        if (drawn->handle() == window) return drawn.get();
+        if (drawn->Holds(window)) return drawn.get();
     }
     return nullptr;
 }
 
 void FormWindow::ControlChanged(Control& control, Change what) {
     for (const auto& drawn : controls_) {
-        // Hiding or disabling a frame does the same to everything in it.
-        const bool contained = what == Change::Visible || what == Change::Enabled;
-        if (&drawn->control() == &control || contained) drawn->Update(what);
+        // What happens to a frame happens to everything in it.
+        const bool contained = what == Change::Visible || what == Change::Enabled || what == Change::Place;
+        if (&drawn->control() == &control || (contained && control.kind() == Control::Kind::Frame)) {
+            drawn->Update(what);
+        }
     }
 }
 
-void FormWindow::CaptionChanged() { SetWindowTextW(window_, Wide(form_.caption()).c_str()); }
+void FormWindow::CaptionChanged() { SetWindowTextW(handle(), Wide(form_.caption()).c_str()); }
 
-void FormWindow::FocusMoved() { PostMessageW(window_, kShowFocus, 0, 0); }
+void FormWindow::FocusMoved() { PostMessageW(handle(), kShowFocus, 0, 0); }
 
 void FormWindow::Closed() {
     done_ = true;
-    PostMessageW(window_, WM_NULL, 0, 0);
+    PostMessageW(handle(), WM_NULL, 0, 0);
 }
 
 void FormWindow::ShowFocus() {
-    const HWND wanted = form_.focus() ? HandleOf(*form_.focus()) : nullptr;
-    if (wanted && GetFocus() != wanted) SetFocus(wanted);
+    const Arrival arrival = std::exchange(arrival_, Arrival::Other);
+    if (ControlWindow* wanted = WindowOf(form_.focus())) {
+        wanted->TakeFocus(arrival != Arrival::Other, arrival == Arrival::BackTab);
+    }
 }
 
 void FormWindow::TakeNativeFocus(HWND window) {
     ControlWindow* drawn = Find(window);
     if (!drawn || form_.focus() == &drawn->control() || !form_.IsVisible()) return;
     Guarded([&] {
-        if (drawn->control().CanHaveFocus()) form_.MoveFocus(drawn->control());
+        if (drawn->control().CanHaveFocus() && form_.MoveFocus(drawn->control())) return;
+        FocusMoved();  // back to where it is
     });
+}
+
+bool FormWindow::MayAct(ControlWindow& drawn) const {
+    return !drawn.control().TakesFocus() || form_.focus() == &drawn.control();
 }
 
 LRESULT CALLBACK FormWindow::ControlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
@@ -164,51 +210,77 @@ LRESULT CALLBACK FormWindow::ControlProcedure(HWND window, UINT message, WPARAM 
 LRESULT CALLBACK FormWindow::WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCCREATE) {
         const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
-        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
+        auto* made = static_cast<FormWindow*>(creation->lpCreateParams);
+        made->surface_.window = window;
+        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made));
     }
     auto* self = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (self && self->window_ == window) return self->Handle(message, wParam, lParam);
+    if (self && self->handle() == window) return self->Handle(message, wParam, lParam);
     return DefWindowProcW(window, message, wParam, lParam);
+}
+
+void FormWindow::ComeUp() {
+    activating_ = true;
+    Guarded([this] { form_.Activate(); });
+    activating_ = false;
+    Guarded([this] { form_.TakeFirstFocus(); });
+    for (const auto& drawn : controls_) {
+        if (drawn->control().kind() == Control::Kind::Inert) drawn->Update(Change::Items);
+    }
+    ShowFocus();
+    if (onShown && !done_) Guarded([this] { std::exchange(onShown, nullptr)(*this); });
 }
 
 LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case kActivated:
-            Guarded([this] {
-                form_.Activate();
-                form_.TakeFirstFocus();
-            });
-            ShowFocus();
+            ComeUp();
             return 0;
         case kShowFocus:
             ShowFocus();
             return 0;
+        case kDotsChanged:
+            MoveToMonitorOf(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+            return 0;
         case WM_CLOSE:
-            Guarded([this] { form_.CancelByUser(); });
+            if (!activating_) Guarded([this] { form_.CancelByUser(); });
             return 0;
         case WM_ACTIVATE:
-            if (LOWORD(wParam) != WA_INACTIVE) PostMessageW(window_, kShowFocus, 0, 0);
+            if (LOWORD(wParam) != WA_INACTIVE) PostMessageW(handle(), kShowFocus, 0, 0);
             break;
         case WM_COMMAND:
             if (ControlWindow* drawn = Find(reinterpret_cast<HWND>(lParam))) {
-                Guarded([&] { drawn->Command(HIWORD(wParam)); });
+                Guarded([&] {
+                    if (MayAct(*drawn)) {
+                        drawn->Command(reinterpret_cast<HWND>(lParam), HIWORD(wParam));
+                    } else {
+                        drawn->UpdateAll();
+                    }
+                });
             }
             return 0;
         case WM_NOTIFY: {
             const auto* header = reinterpret_cast<const NMHDR*>(lParam);
             LRESULT result = 0;
-            if (ControlWindow* drawn = Find(header->hwndFrom)) {
-                Guarded([&] { result = drawn->Notify(*header); });
-            }
+            ControlWindow* drawn = Find(header->hwndFrom);
+            if (drawn && MayAct(*drawn)) Guarded([&] { result = drawn->Notify(*header); });
             return result;
         }
         case WM_CTLCOLORSTATIC:
             SetBkMode(reinterpret_cast<HDC>(wParam), TRANSPARENT);
             return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+        case WM_CTLCOLOREDIT: {
+            const ControlWindow* drawn = Find(reinterpret_cast<HWND>(lParam));
+            if (const HBRUSH background = drawn ? drawn->Background() : nullptr) {
+                SetBkMode(reinterpret_cast<HDC>(wParam), TRANSPARENT);
+                return reinterpret_cast<LRESULT>(background);
+            }
+            break;
+        }
         default:
             break;
     }
-    return DefWindowProcW(window_, message, wParam, lParam);
+    return DefWindowProcW(handle(), message, wParam, lParam);
 }
 
 }  // namespace qor::windows

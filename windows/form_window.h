@@ -4,7 +4,6 @@
 #include <exception>
 #include <functional>
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 #include "platform/form.h"
@@ -15,8 +14,8 @@ namespace qor::windows {
 
 class FormWindow final : private FormView {
  public:
-    /// A window over `owner`, not yet visible. Borrows the form, which must outlive it.
-    FormWindow(Form& form, HWND owner);
+    /// A window over `owner`, not yet visible. Borrows the form and the window system, which must outlive it.
+    FormWindow(WindowSystem& windows, Form& form, HWND owner);
     ~FormWindow();
     FormWindow(const FormWindow&) = delete;
     FormWindow& operator=(const FormWindow&) = delete;
@@ -26,10 +25,15 @@ class FormWindow final : private FormView {
     void Close();
     /// Raises what a handler of the form raised during the run; it ended the run.
     void RethrowFailure();
+    /// What a key does to the form before its control sees it; true where that was all.
+    bool TranslateKey(const MSG& message);
 
-    HWND handle() const { return window_; }
+    HWND handle() const { return surface_.window; }
+    Form& form() const { return form_; }
     /// The window of one of the form's controls; null for any other control.
     HWND HandleOf(const Control& control) const;
+    /// The form has come up and has its first focus; told once.
+    std::function<void(FormWindow&)> onShown;
 
  private:
     void ControlChanged(Control& control, Change what) override;
@@ -41,10 +45,19 @@ class FormWindow final : private FormView {
     static LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                              UINT_PTR id, DWORD_PTR self);
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+    void Make(HWND owner);
+    void PlaceOver(HWND owner);
+    void MoveToMonitorOf(int dotsPerInch, const RECT& place);
+    SIZE OuterSize() const;
+    void ComeUp();
+
     ControlWindow* Find(HWND window) const;
-    /// What a key does to the form before its control sees it; true where that was all.
-    bool TranslateKey(const MSG& message);
+    ControlWindow* WindowOf(const Control* control) const;
+    /// Whether the user acts where the form's focus is; elsewhere the action is lost and taken back.
+    bool MayAct(ControlWindow& drawn) const;
     bool KeyDown(WPARAM keyCode);
+    bool Enter(ControlWindow* drawn);
+    void Tab(ControlWindow* drawn, bool backwards);
     bool Mnemonic(wchar_t character);
     void TakeNativeFocus(HWND window);
     void ShowFocus();
@@ -54,10 +67,12 @@ class FormWindow final : private FormView {
 
     Form& form_;
     DialogMetrics metrics_;
-    HWND window_ = nullptr;
+    FormSurface surface_;
     std::vector<std::unique_ptr<ControlWindow>> controls_;
     std::exception_ptr failure_;
     bool done_ = false;
+    bool activating_ = false;  // the form's own start is running; it cannot be cancelled meanwhile
+    enum class Arrival : std::uint8_t { Other, Tab, BackTab } arrival_ = Arrival::Other;
 };
 
 }  // namespace qor::windows

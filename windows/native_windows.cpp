@@ -1,57 +1,90 @@
 #include "windows/native_windows.h"
 
+#include <utility>
+
 #include "windows/form_window.h"
 
 namespace qor::windows {
 
 namespace {
 
-/// Keeps a window from being used while a modal one stands over it.
-class DisabledWhile {
+/// The host's windows on this thread that a user could go on with.
+std::vector<HWND> UsableWindows() {
+    std::vector<HWND> windows;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM list) -> BOOL {
+            if (IsWindowVisible(window) && IsWindowEnabled(window)) {
+                reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+            }
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&windows));
+    return windows;
+}
+
+/// Keeps the host's windows from being used while a modal one stands over them.
+class DisabledWindows {
  public:
-    explicit DisabledWhile(HWND window) : window_(window && IsWindowEnabled(window) ? window : nullptr) {
-        if (window_) EnableWindow(window_, FALSE);
+    DisabledWindows() : windows_(UsableWindows()) {
+        for (HWND window : windows_) {
+            EnableWindow(window, FALSE);
+        }
     }
-    DisabledWhile(const DisabledWhile&) = delete;
-    DisabledWhile& operator=(const DisabledWhile&) = delete;
-    ~DisabledWhile() { Enable(); }
+    DisabledWindows(const DisabledWindows&) = delete;
+    DisabledWindows& operator=(const DisabledWindows&) = delete;
+    ~DisabledWindows() { Enable(); }
 
     void Enable() {
-        if (HWND window = std::exchange(window_, nullptr)) EnableWindow(window, TRUE);
+        for (HWND window : std::exchange(windows_, {})) {
+            if (IsWindow(window)) EnableWindow(window, TRUE);
+        }
     }
 
  private:
-    HWND window_;
+    std::vector<HWND> windows_;
+};
+
+/// A window's stay on the stack of those shown.
+class Shown {
+ public:
+    Shown(std::vector<FormWindow*>& stack, FormWindow& window) : stack_(stack) { stack_.push_back(&window); }
+    Shown(const Shown&) = delete;
+    Shown& operator=(const Shown&) = delete;
+    ~Shown() { stack_.pop_back(); }
+
+ private:
+    std::vector<FormWindow*>& stack_;
 };
 
 }  // namespace
 
 HWND NativeWindows::Owner() const {
     if (!shown_.empty()) return shown_.back()->handle();
-    const HWND active = GetActiveWindow();
-    return active ? active : GetLastActivePopup(GetForegroundWindow());
+    if (const HWND active = GetActiveWindow()) return active;
+    const std::vector<HWND> usable = UsableWindows();
+    return usable.empty() ? nullptr : usable.front();
 }
 
 void NativeWindows::RunModal(Form& form) {
     const Ref<Form> kept(&form);
-    const HWND owner = Owner();
-    const DWORD ownerThread = owner ? GetWindowThreadProcessId(owner, nullptr) : 0;
-    const bool ownOwner =
-        ownerThread == GetCurrentThreadId();  // another program's window is never ours to disable
-
-    FormWindow window(form, ownOwner ? owner : nullptr);
-    shown_.push_back(&window);
-    DisabledWhile disabled(ownOwner ? owner : nullptr);
-    window.Run();
-    shown_.pop_back();
-    disabled.Enable();  // before the window goes, so that the owner becomes active again
+    FormWindow window(*this, form, Owner());
+    window.onShown = [this](FormWindow& shown) { FormShown(shown); };
+    DisabledWindows disabled;
+    {
+        const Shown shown(shown_, window);
+        window.Run();
+    }
+    disabled.Enable();  // before the window goes, so that its owner becomes active again
     window.Close();
     window.RethrowFailure();
 }
 
 std::int32_t NativeWindows::MessageBox(std::string_view text, std::string_view title, std::int32_t style) {
-    return MessageBoxW(Owner(), Wide(text).c_str(), Wide(title).c_str(),
-                       static_cast<UINT>(style) | MB_TASKMODAL);
+    const HWND owner = Owner();
+    const auto modality = owner ? MB_APPLMODAL : MB_TASKMODAL;
+    return MessageBoxW(owner, Wide(text).c_str(), Wide(title).c_str(),
+                       static_cast<UINT>(style) | static_cast<UINT>(modality));
 }
 
 void NativeWindows::Pump() {
@@ -61,6 +94,7 @@ void NativeWindows::Pump() {
             PostQuitMessage(static_cast<int>(message.wParam));
             return;
         }
+        if (Topmost() && Topmost()->TranslateKey(message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }

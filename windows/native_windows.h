@@ -2,6 +2,7 @@
 // the user to them; it holds no state of a dialog.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "platform/window_system.h"
@@ -11,7 +12,7 @@ namespace qor::windows {
 
 class FormWindow;
 
-class NativeWindows final : public WindowSystem {
+class NativeWindows : public WindowSystem {
  public:
     void RunModal(Form& form) override;
     std::int32_t MessageBox(std::string_view text, std::string_view title, std::int32_t style) override;
@@ -19,8 +20,15 @@ class NativeWindows final : public WindowSystem {
     void SetDefaultPointer() override;
     std::int32_t WindowHandle(const Control& control) override;
 
+ protected:
+    /// A form has come up on the screen with its first focus set.
+    virtual void FormShown(FormWindow& window) { (void)window; }
+    /// The innermost form that is shown; null for none.
+    FormWindow* Topmost() const { return shown_.empty() ? nullptr : shown_.back(); }
+
  private:
-    /// The window that a modal one stands over: our topmost form, or the host's active window.
+    /// The window that a modal one stands over: our topmost form, or the host's own. It is a window of this
+    /// thread; another program's is never ours to stand over.
     HWND Owner() const;
 
     std::vector<FormWindow*> shown_;  // the innermost last

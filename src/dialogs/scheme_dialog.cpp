@@ -16,6 +16,7 @@ constexpr std::int32_t kGap = 90;         // between two groups
 constexpr std::int32_t kGroupTop = 225;   // of the first row in a group
 constexpr std::int32_t kCommonTop = 120;  // ... and on the short panel, which has no groups
 constexpr std::int32_t kRowGroup = 690;   // the height of a group with one row
+constexpr std::int32_t kButtonRow = 600;  // the frame's buttons below the panels
 constexpr std::size_t kFirstCommonItem = 6;
 
 std::int32_t PartyRows(const PartyList* parties) { return parties ? 1 : 0; }
@@ -82,6 +83,8 @@ SchemeDialog::SchemeDialog(Process& process, const SchemeDialogDescription& desc
                 &StatusContainer()),
       cmbCheckState(*this, "cmbCheckState", {1320, StatusTop(), 1680, kBoxHeight}, &StatusContainer()) {
     SetCaption("过滤");
+    PictureCommon.SetBorder(false);
+    PictureWhole.SetBorder(false);
     ConnectItems(commonItems_);
     ConnectItems(items_);
     if (CheckBox* box = FindCheck("chkIncludeWT")) {
@@ -105,7 +108,7 @@ void SchemeDialog::FinishLayout() {
     const std::int32_t height = std::max(groupsBottom_, CommonHeight(description_));
     PictureCommon.SetBounds({120, kPanelTop, kPanelWidth, height});
     PictureWhole.SetBounds({120, kPanelTop, kPanelWidth, height});
-    SetSize({kFormWidth, kPanelTop + height + 120});
+    SetSize({kFormWidth, kPanelTop + height + kButtonRow});
     ShowPanel(true);
 }
 

@@ -131,6 +131,12 @@ class Frame final : public CaptionedControl {
  public:
     Frame(Form& form, std::string name, std::string_view caption, Bounds bounds, Control* container = nullptr)
         : CaptionedControl(form, Kind::Frame, std::move(name), caption, bounds, container) {}
+
+    bool hasBorder() const { return hasBorder_; }  // a panel without one only holds what stands in it
+    void SetBorder(bool hasBorder) { hasBorder_ = hasBorder; }
+
+ private:
+    bool hasBorder_ = true;
 };
 
 class Button final : public CaptionedControl {

@@ -102,6 +102,16 @@ void Grid::SetColumnHidden(std::int32_t column, bool hidden) {
     Changed(Change::Cells);
 }
 
+std::int32_t Grid::ColumnWidth(std::int32_t column) const {
+    return IsColumn(column) ? columns_[Place(column)].width : 0;
+}
+
+void Grid::SetColumnWidth(std::int32_t column, std::int32_t width) {
+    if (!IsColumn(column)) return;
+    columns_[Place(column)].width = width;
+    Changed(Change::Cells);
+}
+
 void Grid::Edit(std::int32_t column, std::int32_t row, std::string_view text) {
     SetActiveRow(row);
     if (onEditMode) onEditMode(column, row, kEntered, false);

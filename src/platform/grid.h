@@ -47,6 +47,9 @@ class Grid final : public Control {
 
     bool IsColumnHidden(std::int32_t column) const;
     void SetColumnHidden(std::int32_t column, bool hidden);
+    /// In twips; 0 where nobody has said, and the column shares what the others leave.
+    std::int32_t ColumnWidth(std::int32_t column) const;
+    void SetColumnWidth(std::int32_t column, std::int32_t width);
     bool CanEdit(std::int32_t column, std::int32_t row) const {
         return !IsLocked(column, row) && !IsColumnHidden(column);
     }
@@ -63,6 +66,7 @@ class Grid final : public Control {
     struct Column {
         bool hidden = false;
         bool locksNewRows = false;
+        std::int32_t width = 0;
     };
     struct Cell {
         std::string text;

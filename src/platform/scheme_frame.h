@@ -61,6 +61,7 @@ class SchemeFrame {
     virtual void Cancel() = 0;
     virtual void ShowDefaults() = 0;
     virtual void SwitchPanel(bool whole) = 0;
+    virtual bool ShowsWholePanel() const = 0;
     virtual void SaveScheme(std::string_view name) = 0;
     virtual void LoadSavedScheme(std::string_view name) = 0;
     virtual void DeleteScheme(std::string_view name) = 0;

@@ -1,0 +1,128 @@
+// The native windows of labels, frames, progress bars and of everything that is clicked.
+#include "platform/user.h"
+#include "windows/control_window.h"
+
+namespace qor::windows {
+
+namespace {
+
+/// A native window that shows its control's caption and little else.
+class CaptionWindow : public ControlWindow {
+ public:
+    CaptionWindow(CaptionedControl& control, const FormSurface& surface,
+                  const wchar_t* windowClass, DWORD style)
+        : ControlWindow(control, surface, windowClass, style) {}
+
+ protected:
+    const std::string& caption() const { return static_cast<CaptionedControl&>(control()).caption(); }
+    void Show(Change) override { SetText(caption()); }
+};
+
+class FrameWindow final : public CaptionWindow {
+ public:
+    FrameWindow(Frame& frame, const FormSurface& surface)
+        : CaptionWindow(frame, surface, L"BUTTON", BS_GROUPBOX) {
+        // Under what stands in it.
+        SetWindowPos(handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
+};
+
+/// A window that a click reaches; the click goes on to the model.
+class ClickWindow : public CaptionWindow {
+ public:
+    using CaptionWindow::CaptionWindow;
+
+    void Command(HWND, WORD notification) override {
+        if (notification == BN_CLICKED) Clicked();
+    }
+    bool TakeMnemonic(wchar_t letter) override {
+        if (!control().CanHaveFocus() || MnemonicOf(caption()) != letter) return false;
+        Clicked();
+        return true;
+    }
+
+ protected:
+    virtual void Clicked() = 0;
+};
+
+class ButtonWindow final : public ClickWindow {
+ public:
+    ButtonWindow(Button& button, const FormSurface& surface)
+        : ClickWindow(button, surface, L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP) {}
+
+ private:
+    void Clicked() override { User(control().form()).Click(static_cast<Button&>(control())); }
+    void Show(Change) override {
+        SetText(caption().empty() ? "…" : caption());  // the picker buttons carry no caption of their own
+    }
+};
+
+class CheckWindow final : public ClickWindow {
+ public:
+    CheckWindow(CheckBox& box, const FormSurface& surface)
+        : ClickWindow(box, surface, L"BUTTON", BS_3STATE | WS_TABSTOP) {}
+
+ private:
+    CheckBox& Box() const { return static_cast<CheckBox&>(control()); }
+    void Clicked() override { User(Box().form()).Check(Box(), Box().IsChecked() ? 0 : 1); }
+    void Show(Change) override {
+        SetText(caption());
+        Send(BM_SETCHECK, static_cast<WPARAM>(Box().value()));
+    }
+};
+
+class OptionWindow final : public ClickWindow {
+ public:
+    OptionWindow(OptionButton& option, const FormSurface& surface)
+        : ClickWindow(option, surface, L"BUTTON", BS_RADIOBUTTON | WS_TABSTOP) {}
+
+ private:
+    OptionButton& Option() const { return static_cast<OptionButton&>(control()); }
+    void Clicked() override { User(Option().form()).Option(Option()); }
+    void Show(Change) override {
+        SetText(caption());
+        Send(BM_SETCHECK, Option().value() ? BST_CHECKED : BST_UNCHECKED);
+    }
+};
+
+class ProgressWindow final : public ControlWindow {
+ public:
+    ProgressWindow(ProgressBar& bar, const FormSurface& surface)
+        : ControlWindow(bar, surface, PROGRESS_CLASSW, 0) {}
+
+ private:
+    void Show(Change) override {
+        const auto& bar = static_cast<ProgressBar&>(control());
+        Send(PBM_SETRANGE32, static_cast<WPARAM>(bar.min()), static_cast<LPARAM>(bar.max()));
+        Send(PBM_SETPOS, static_cast<WPARAM>(bar.value()));
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<ControlWindow> MakeLabelWindow(Label& label, const FormSurface& surface) {
+    return std::make_unique<CaptionWindow>(label, surface, L"STATIC", SS_LEFT | SS_NOPREFIX);
+}
+
+std::unique_ptr<ControlWindow> MakeFrameWindow(Frame& frame, const FormSurface& surface) {
+    if (!frame.hasBorder()) return nullptr;
+    return std::make_unique<FrameWindow>(frame, surface);
+}
+
+std::unique_ptr<ControlWindow> MakeProgressWindow(ProgressBar& bar, const FormSurface& surface) {
+    return std::make_unique<ProgressWindow>(bar, surface);
+}
+
+std::unique_ptr<ControlWindow> MakeButtonWindow(Button& button, const FormSurface& surface) {
+    return std::make_unique<ButtonWindow>(button, surface);
+}
+
+std::unique_ptr<ControlWindow> MakeCheckWindow(CheckBox& box, const FormSurface& surface) {
+    return std::make_unique<CheckWindow>(box, surface);
+}
+
+std::unique_ptr<ControlWindow> MakeOptionWindow(OptionButton& option, const FormSurface& surface) {
+    return std::make_unique<OptionWindow>(option, surface);
+}
+
+}  // namespace qor::windows

@@ -1,0 +1,198 @@
+// The native windows of the controls that hold a value: text boxes, drop-downs, date pickers, spins.
+#include <algorithm>
+#include <cmath>
+
+#include "platform/user.h"
+#include "windows/control_window.h"
+
+namespace qor::windows {
+
+namespace {
+
+/// The place in UTF-16 of the character of that number.
+int UnitOfCharacter(const std::wstring& text, std::int32_t character) {
+    std::size_t unit = 0;
+    for (; character > 0 && unit < text.size(); --character) {
+        unit += text[unit] >= 0xD800 && text[unit] < 0xDC00 ? 2 : 1;
+    }
+    return static_cast<int>(unit);
+}
+
+class TextWindow final : public ControlWindow {
+ public:
+    TextWindow(TextBox& box, const FormSurface& surface)
+        : ControlWindow(box, surface, L"EDIT", ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE) {}
+
+    void Command(HWND, WORD notification) override {
+        if (notification != EN_CHANGE || isShowing()) return;
+        User(Box().form()).Text(Box(), Narrow(TextOf(handle())));
+    }
+    HBRUSH Background() const override {
+        return Box().grayed() ? GetSysColorBrush(COLOR_BTNFACE) : nullptr;
+    }
+    void TakeFocus(bool byTab, bool backwards) override {
+        ControlWindow::TakeFocus(byTab, backwards);
+        ShowSelection();  // which a handler of the focus may just have made
+    }
+
+ private:
+    TextBox& Box() const { return static_cast<TextBox&>(control()); }
+
+    void Show(Change) override {
+        if (Narrow(TextOf(handle())) == Box().text()) return;  // the user's own typing, caret and all
+        SetText(Box().text());
+        ShowSelection();
+    }
+    void ShowSelection() const {
+        const std::wstring text = TextOf(handle());
+        Send(EM_SETSEL, static_cast<WPARAM>(UnitOfCharacter(text, Box().selStart())),
+             UnitOfCharacter(text, Box().selStart() + Box().selLength()));
+    }
+};
+
+class ListWindow final : public ControlWindow {
+ public:
+    ListWindow(DropDown& list, const FormSurface& surface)
+        : ControlWindow(list, surface, L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP) {}
+
+    void Command(HWND, WORD notification) override {
+        if (notification != CBN_SELCHANGE) return;
+        const auto index = static_cast<std::int32_t>(Send(CB_GETCURSEL));
+        User(List().form()).Select(List(), index);
+    }
+    bool TakeEscape() override { return CloseList(); }
+    bool TakeEnter() override { return CloseList(); }
+
+ private:
+    DropDown& List() const { return static_cast<DropDown&>(control()); }
+
+    bool CloseList() {
+        if (!Send(CB_GETDROPPEDSTATE)) return false;
+        Send(CB_SHOWDROPDOWN, FALSE);
+        return true;
+    }
+
+    void Place(const RECT& place) override { PlaceDropDown(handle(), place, List().items().size()); }
+
+    void Show(Change what) override {
+        if (what == Change::Items) {
+            Send(CB_RESETCONTENT);
+            for (const std::string& item : List().items()) {
+                // A hidden code may stand behind the caption and 50 blanks.
+                const std::wstring shown = Wide(item.substr(0, item.find("  ")));
+                Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(shown.c_str()));
+            }
+        }
+        Send(CB_SETCURSEL, static_cast<WPARAM>(List().listIndex()));
+    }
+};
+
+SYSTEMTIME ToSystemTime(Date date) {
+    SYSTEMTIME time{};
+    VariantTimeToSystemTime(date.serial, &time);
+    return time;
+}
+
+Date ToDay(const SYSTEMTIME& time) {
+    return DateFromCalendar(time.wYear, time.wMonth, time.wDay).value_or(Date{});
+}
+
+class DateWindow final : public ControlWindow {
+ public:
+    DateWindow(DatePicker& picker, const FormSurface& surface)
+        : ControlWindow(picker, surface, DATETIMEPICK_CLASSW,
+                        DTS_SHORTDATECENTURYFORMAT | WS_TABSTOP) {
+        Send(DTM_SETFORMATW, 0, reinterpret_cast<LPARAM>(L"yyyy-MM-dd"));
+    }
+
+    LRESULT Notify(const NMHDR& header) override {
+        if (header.code != static_cast<UINT>(DTN_DATETIMECHANGE) || isShowing()) return 0;
+        SYSTEMTIME time{};
+        if (Send(DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&time)) != GDT_VALID) return 0;
+        const Date day = ToDay(time);
+        // A day that stays keeps the time of day that a scheme may have brought.
+        if (day.serial != std::floor(Picker().value().serial)) User(Picker().form()).Date(Picker(), day);
+        return 0;
+    }
+    bool TakeEscape() override {
+        if (!Send(DTM_GETMONTHCAL)) return false;
+        Send(DTM_CLOSEMONTHCAL);
+        return true;
+    }
+
+ private:
+    DatePicker& Picker() const { return static_cast<DatePicker&>(control()); }
+
+    void Show(Change what) override {
+        if (what == Change::Range) {
+            const SYSTEMTIME range[] = {ToSystemTime(Picker().minDate()), ToSystemTime(Picker().maxDate())};
+            Send(DTM_SETRANGE, GDTR_MIN | GDTR_MAX, reinterpret_cast<LPARAM>(range));
+        }
+        const SYSTEMTIME time = ToSystemTime(Picker().value());
+        Send(DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+    }
+};
+
+class SpinWindow final : public ControlWindow {
+ public:
+    SpinWindow(Spin& spin, const FormSurface& surface)
+        : ControlWindow(spin, surface, UPDOWN_CLASSW, UDS_ARROWKEYS) {}
+
+    LRESULT Notify(const NMHDR& header) override {
+        if (header.code != static_cast<UINT>(UDN_DELTAPOS)) return 0;
+        auto& spin = static_cast<Spin&>(control());
+        User(spin.form()).Spin(spin, spin.value() + reinterpret_cast<const NMUPDOWN&>(header).iDelta);
+        return 1;  // the model decides where it stands
+    }
+    /// The box that it stands flush against has its arrow keys.
+    void Join(ControlWindow& other) override {
+        const Bounds& own = control().bounds();
+        const Bounds& box = other.control().bounds();
+        if (other.control().kind() == Control::Kind::Text &&
+            other.control().container() == control().container() && box.top == own.top &&
+            box.left + box.width == own.left) {
+            Send(UDM_SETBUDDY, reinterpret_cast<WPARAM>(other.handle()));
+        }
+    }
+
+ private:
+    void Show(Change) override {
+        const auto& spin = static_cast<Spin&>(control());
+        Send(UDM_SETRANGE32, static_cast<WPARAM>(spin.min()), spin.max());
+        Send(UDM_SETPOS32, 0, spin.value());
+    }
+};
+
+}  // namespace
+
+void PlaceDropDown(HWND list, const RECT& place, std::size_t entries) {
+    constexpr int kMostShown = 12;
+    const int width = place.right - place.left, height = place.bottom - place.top;
+    // Closed, it is as tall as its text and a border make it; the text is what can be set.
+    RECT closed{};
+    GetWindowRect(list, &closed);
+    const auto item = static_cast<int>(SendMessageW(list, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0));
+    SendMessageW(list, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height - (closed.bottom - closed.top - item));
+    const auto row = static_cast<int>(SendMessageW(list, CB_GETITEMHEIGHT, 0, 0));
+    const int shown = std::clamp(static_cast<int>(entries), 1, kMostShown);
+    SetWindowPos(list, nullptr, place.left, place.top, width, height + row * shown + 4,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+std::unique_ptr<ControlWindow> MakeTextWindow(TextBox& box, const FormSurface& surface) {
+    return std::make_unique<TextWindow>(box, surface);
+}
+
+std::unique_ptr<ControlWindow> MakeListWindow(DropDown& list, const FormSurface& surface) {
+    return std::make_unique<ListWindow>(list, surface);
+}
+
+std::unique_ptr<ControlWindow> MakeDateWindow(DatePicker& picker, const FormSurface& surface) {
+    return std::make_unique<DateWindow>(picker, surface);
+}
+
+std::unique_ptr<ControlWindow> MakeSpinWindow(Spin& spin, const FormSurface& surface) {
+    return std::make_unique<SpinWindow>(spin, surface);
+}
+
+}  // namespace qor::windows
