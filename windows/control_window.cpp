@@ -31,8 +31,8 @@ std::wstring TextOf(HWND window) {
     return text;
 }
 
-ControlWindow::ControlWindow(Control& control, const FormSurface& surface,
-                             const wchar_t* windowClass, DWORD style, DWORD extendedStyle)
+ControlWindow::ControlWindow(Control& control, const FormSurface& surface, const wchar_t* windowClass,
+                             DWORD style, DWORD extendedStyle)
     : control_(control),
       surface_(surface),
       window_(CreateWindowExW(extendedStyle, windowClass, L"", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0,
@@ -72,7 +72,8 @@ void ControlWindow::Update(Change what) {
 
 void ControlWindow::UpdateAll() {
     TakeFont();
-    for (const Change what : {Change::Place, Change::Range, Change::Items, Change::Enabled, Change::Visible}) {
+    for (const Change what :
+         {Change::Place, Change::Range, Change::Items, Change::Enabled, Change::Visible}) {
         Update(what);
     }
 }

@@ -63,8 +63,8 @@ class ControlWindow {
     virtual void Join(ControlWindow& other) { (void)other; }
 
  protected:
-    ControlWindow(Control& control, const FormSurface& surface, const wchar_t* windowClass,
-                  DWORD style, DWORD extendedStyle = 0);
+    ControlWindow(Control& control, const FormSurface& surface, const wchar_t* windowClass, DWORD style,
+                  DWORD extendedStyle = 0);
 
     /// Shows the model's content.
     virtual void Show(Change what) = 0;
@@ -94,9 +94,6 @@ Bounds PlaceInForm(const Control& control);
 wchar_t MnemonicOf(std::string_view caption);
 
 std::wstring TextOf(HWND window);
-
-/// Places a drop-down: closed it fills `place`, open it shows its entries below.
-void PlaceDropDown(HWND list, const RECT& place, std::size_t entries);
 
 /// The window of a control, on its form's surface, showing what the model holds; null for kinds that are not
 /// drawn.

@@ -46,6 +46,16 @@ void DialogMetrics::SetDotsPerInch(int dotsPerInch) {
     dotsPerInch_ = dotsPerInch;
 }
 
+int DialogMetrics::lineHeight() const {
+    const HDC screen = GetDC(nullptr);
+    const HGDIOBJ before = SelectObject(screen, font_);
+    TEXTMETRICW text{};
+    GetTextMetricsW(screen, &text);
+    SelectObject(screen, before);
+    ReleaseDC(nullptr, screen);
+    return text.tmHeight;
+}
+
 SIZE DialogMetrics::OuterSize(SIZE client, DWORD style, DWORD extendedStyle) const {
     static const auto adjustForDots = UserFunction<AdjustForDots>("AdjustWindowRectExForDpi");
     RECT area{0, 0, client.cx, client.cy};

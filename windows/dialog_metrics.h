@@ -31,6 +31,8 @@ class DialogMetrics {
     }
     /// 宋体, 9 points.
     HFONT font() const { return font_; }
+    /// The height of a line of it.
+    int lineHeight() const;
 
     /// The outer size of a window with a client area of that many pixels.
     SIZE OuterSize(SIZE client, DWORD style, DWORD extendedStyle) const;

@@ -1,7 +1,9 @@
 #include "windows/form_window.h"
 
+#include <ranges>
 #include <utility>
 
+#include "windows/drop_down.h"
 #include "windows/instance.h"
 
 namespace qor::windows {
@@ -34,12 +36,21 @@ FormWindow::FormWindow(WindowSystem& windows, Form& form, HWND owner)
         }
         controls_.push_back(std::move(made));
     }
+    JoinControls();
+    form_.SetView(this);
+}
+
+void FormWindow::JoinControls() {
     for (const auto& one : controls_) {
         for (const auto& other : controls_) {
             one->Join(*other);
         }
     }
-    form_.SetView(this);
+    // Frames lie under what stands in them, the inner ones over the outer.
+    for (const auto& drawn : std::views::reverse(controls_)) {
+        if (drawn->control().kind() != Control::Kind::Frame) continue;
+        SetWindowPos(drawn->handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
 }
 
 void FormWindow::Make(HWND owner) {
@@ -70,8 +81,8 @@ void FormWindow::PlaceOver(HWND owner) {
     metrics_.SetDotsPerInch(DialogMetrics::DotsPerInchOf(handle()));
 
     const SIZE size = OuterSize();
-    const auto within = [](LONG wanted, LONG size, LONG from, LONG to) {
-        return std::max(from, std::min(wanted, to - size));
+    const auto within = [](LONG wanted, LONG length, LONG from, LONG to) {
+        return std::max(from, std::min(wanted, to - length));
     };
     SetWindowPos(handle(), nullptr,
                  within(area.left + (area.right - area.left - size.cx) / 2, size.cx, screen.rcWork.left,
@@ -168,6 +179,16 @@ void FormWindow::ControlChanged(Control& control, Change what) {
     }
 }
 
+void FormWindow::SizeChanged() {
+    const SIZE size = OuterSize();
+    SetWindowPos(handle(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    for (const auto& drawn : controls_) {
+        if (drawn->control().kind() != Control::Kind::Inert) continue;
+        drawn->Update(Change::Items);
+        drawn->Update(Change::Place);
+    }
+}
+
 void FormWindow::CaptionChanged() { SetWindowTextW(handle(), Wide(form_.caption()).c_str()); }
 
 void FormWindow::FocusMoved() { PostMessageW(handle(), kShowFocus, 0, 0); }
@@ -215,8 +236,15 @@ LRESULT CALLBACK FormWindow::WindowProcedure(HWND window, UINT message, WPARAM w
         SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made));
     }
     auto* self = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (self && self->handle() == window) return self->Handle(message, wParam, lParam);
+    if (self) return self->Handle(message, wParam, lParam);
     return DefWindowProcW(window, message, wParam, lParam);
+}
+
+FormWindow* FormWindow::Of(HWND window) {
+    wchar_t name[32] = {};
+    GetClassNameW(window, name, 32);
+    if (std::wstring_view(name) != kClassName) return nullptr;
+    return reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
 void FormWindow::ComeUp() {
@@ -266,6 +294,9 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             if (drawn && MayAct(*drawn)) Guarded([&] { result = drawn->Notify(*header); });
             return result;
         }
+        case WM_DRAWITEM:
+            DrawEntry(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam), metrics_);
+            return TRUE;
         case WM_CTLCOLORSTATIC:
             SetBkMode(reinterpret_cast<HDC>(wParam), TRANSPARENT);
             return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));

@@ -28,16 +28,21 @@ class FormWindow final : private FormView {
     /// What a key does to the form before its control sees it; true where that was all.
     bool TranslateKey(const MSG& message);
 
+    /// The form that a top-level window shows; null for a window of another kind.
+    static FormWindow* Of(HWND window);
+
     HWND handle() const { return surface_.window; }
     Form& form() const { return form_; }
     /// The window of one of the form's controls; null for any other control.
     HWND HandleOf(const Control& control) const;
+    ControlWindow* WindowOf(const Control* control) const;
     /// The form has come up and has its first focus; told once.
     std::function<void(FormWindow&)> onShown;
 
  private:
     void ControlChanged(Control& control, Change what) override;
     void CaptionChanged() override;
+    void SizeChanged() override;
     void FocusMoved() override;
     void Closed() override;
 
@@ -46,13 +51,13 @@ class FormWindow final : private FormView {
                                              UINT_PTR id, DWORD_PTR self);
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
     void Make(HWND owner);
+    void JoinControls();
     void PlaceOver(HWND owner);
     void MoveToMonitorOf(int dotsPerInch, const RECT& place);
     SIZE OuterSize() const;
     void ComeUp();
 
     ControlWindow* Find(HWND window) const;
-    ControlWindow* WindowOf(const Control* control) const;
     /// Whether the user acts where the form's focus is; elsewhere the action is lost and taken back.
     bool MayAct(ControlWindow& drawn) const;
     bool KeyDown(WPARAM keyCode);

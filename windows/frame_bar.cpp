@@ -4,8 +4,10 @@
 #include <array>
 #include <functional>
 
+#include "dialogs/layout.h"
 #include "platform/frame_owner.h"
 #include "platform/window_system.h"
+#include "windows/drop_down.h"
 #include "windows/instance.h"
 #include "windows/named_schemes.h"
 #include "windows/scheme_name_form.h"
@@ -21,32 +23,29 @@ enum class Action : std::uint8_t { Save, SaveAs, Delete, Defaults, SwitchPanel, 
 struct PartRow {
     Action action;
     const char* caption;
-    Bounds place;  // relative to the bar; for those at the bottom, to the row of buttons there
+    Bounds place;  // in its row; the bar's begins at the bar, the bottom one at the form's left edge
 };
 
 // In the order of the Tab key. A scheme dialog's bottom row comes behind its last panel control, and its bar
 // ahead of the first one.
 // clang-format off
 constexpr PartRow kBottomRow[] = {
-    {Action::SwitchPanel, "",         {0,    0, 1620, 360}},
-    {Action::Confirm,     "确定(&O)", {3660, 0, 1260, 360}},
-    {Action::Cancel,      "取消(&E)", {5040, 0, 1260, 360}},
+    {Action::SwitchPanel, "",         {layout::kMargin, 0, 1620, layout::kButtonHeight}},
+    {Action::Confirm,     "确定(&O)", layout::ConfirmAt(0)},
+    {Action::Cancel,      "取消(&E)", layout::CancelAt(0)},
 };
 constexpr PartRow kSchemeRow[] = {
-    {Action::Save,     "保存(&S)", {3120, 0, 750, 300}},
-    {Action::SaveAs,   "另存(&A)", {3930, 0, 750, 300}},
-    {Action::Delete,   "删除(&D)", {4740, 0, 750, 300}},
-    {Action::Defaults, "默认(&R)", {5550, 0, 750, 300}},
+    {Action::Save,     "保存(&S)", {3060, 0, 735, 300}},
+    {Action::SaveAs,   "另存(&A)", {3845, 0, 735, 300}},
+    {Action::Delete,   "删除(&D)", {4630, 0, 735, 300}},
+    {Action::Defaults, "默认(&R)", {5415, 0, 735, 300}},
 };
 // clang-format on
-constexpr Bounds kLabelPlace{120, 60, 1170, 210};
-constexpr Bounds kListPlace{1320, 0, 1680, 300};
-constexpr std::int32_t kBottomRowAboveFormEnd = 480;
 
 class FrameBar final : public ControlWindow {
  public:
     FrameBar(Control& place, const FormSurface& surface, FrameOwner& owner)
-        : ControlWindow(place, surface, L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP),
+        : ControlWindow(place, surface, L"COMBOBOX", kDropDownStyle),
           schemes_(SchemesOf(owner)),
           dialog_(owner.schemeFrame()),
           label_(MakePart(L"STATIC", SS_LEFT | SS_NOPREFIX)) {
@@ -80,8 +79,8 @@ class FrameBar final : public ControlWindow {
     };
 
     HWND MakePart(const wchar_t* windowClass, DWORD style) const {
-        return CreateWindowExW(0, windowClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | style, 0, 0, 0, 0,
-                               surface().window, nullptr, ThisInstance(), nullptr);
+        return CreateWindowExW(0, windowClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | style, 0, 0, 0,
+                               0, surface().window, nullptr, ThisInstance(), nullptr);
     }
     void MakeButtons(std::span<const PartRow> rows);
     const Part* FindPart(HWND window) const {
@@ -91,9 +90,7 @@ class FrameBar final : public ControlWindow {
     void Place(const RECT&) override;
     void TakeFont() override;
     void Show(Change) override;
-    bool CloseList() const {
-        return Send(CB_GETDROPPEDSTATE) && (Send(CB_SHOWDROPDOWN, FALSE), true);
-    }
+    bool CloseList() const { return Send(CB_GETDROPPEDSTATE) && (Send(CB_SHOWDROPDOWN, FALSE), true); }
 
     void Do(Action action);
     void SaveUnder(std::string name);
@@ -133,11 +130,12 @@ void FrameBar::Place(const RECT&) {
         SetWindowPos(window, nullptr, to.left, to.top, to.right - to.left, to.bottom - to.top,
                      SWP_NOZORDER | SWP_NOACTIVATE);
     };
-    PlaceDropDown(handle(), pixels(bar.left, bar.top, kListPlace), shownNames_.size());
-    move(label_, pixels(bar.left, bar.top, kLabelPlace));
-    const std::int32_t bottom = control().form().size().height - kBottomRowAboveFormEnd;
+    PlaceDropDown(handle(), pixels(bar.left, bar.top, layout::BoxAt(0)), shownNames_.size(), metrics());
+    move(label_, pixels(bar.left, bar.top, layout::LabelAt(0)));
+    const std::int32_t bottom = control().form().size().height - layout::kButtonRow + layout::kMargin;
     for (const Part& part : parts_) {
-        move(part.window, pixels(bar.left, part.bottom ? bottom : bar.top, part.row.place));
+        move(part.window,
+             part.bottom ? pixels(0, bottom, part.row.place) : pixels(bar.left, bar.top, part.row.place));
     }
 }
 
@@ -161,8 +159,8 @@ void FrameBar::Show(Change) {
         Update(Change::Place);
     }
     const auto current = std::ranges::find(names, schemes_->Current());
-    Send(CB_SETCURSEL, current == names.end() ? static_cast<WPARAM>(-1)
-                                              : static_cast<WPARAM>(current - names.begin()));
+    Send(CB_SETCURSEL,
+         current == names.end() ? static_cast<WPARAM>(-1) : static_cast<WPARAM>(current - names.begin()));
     for (const Part& part : parts_) {
         if (part.row.action == Action::SwitchPanel) {
             SetWindowTextW(part.window, dialog_->ShowsWholePanel() ? L"常用条件(&H)" : L"全部条件(&H)");
@@ -270,7 +268,8 @@ void FrameBar::AskNameAndSave() {
 
 void FrameBar::Delete() {
     const std::string name = schemes_->Current();
-    if (surface().windows.MessageBox("要删除过滤方案“" + name + "”吗？", "信息提示", kYesNoQuestion) == IDYES) {
+    if (surface().windows.MessageBox("要删除过滤方案“" + name + "”吗？", "信息提示", kYesNoQuestion) ==
+        IDYES) {
         Telling([&] { schemes_->Delete(name); });
     }
 }

@@ -17,7 +17,8 @@ void GridCells::Lay(SIZE client, std::int32_t topRow) {
     for (std::int32_t column = 1; column <= grid_.MaxCols(); ++column) {
         if (!grid_.IsColumnHidden(column)) {
             const std::int32_t width = grid_.ColumnWidth(column);
-            right += width != 0 ? metrics_.Pixels(width) : std::max(0, static_cast<int>(client.cx) - taken) / sharing;
+            right += width != 0 ? metrics_.Pixels(width)
+                                : std::max(0, static_cast<int>(client.cx) - taken) / sharing;
         }
         rights_.push_back(right);
     }

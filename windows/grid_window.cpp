@@ -103,8 +103,13 @@ void GridWindow::ScrollTo(std::int32_t topRow) {
     const std::int32_t last = std::max(1, Model().MaxRows() - cells_.RowsSeen() + 1);
     topRow = std::clamp(topRow, 1, last);
     // The bar may come or go and change the width.
-    SCROLLINFO bar{sizeof bar, SIF_RANGE | SIF_PAGE | SIF_POS | SIF_DISABLENOSCROLL, 1,
-                   std::max(1, Model().MaxRows()), static_cast<UINT>(cells_.RowsSeen()), topRow, 0};
+    SCROLLINFO bar{sizeof bar,
+                   SIF_RANGE | SIF_PAGE | SIF_POS | SIF_DISABLENOSCROLL,
+                   1,
+                   std::max(1, Model().MaxRows()),
+                   static_cast<UINT>(cells_.RowsSeen()),
+                   topRow,
+                   0};
     SetScrollInfo(handle(), SB_VERT, &bar, TRUE);
     GetClientRect(handle(), &client);
     cells_.Lay({client.right, client.bottom}, topRow);

@@ -6,7 +6,8 @@
 namespace qor::windows {
 
 SchemeNameForm::SchemeNameForm(WindowSystem& system, std::string_view proposed)
-    : Form(system, "frmSchemeName", {4080, 1200}), txtName(*this, "txtName", proposed, {1200, 180, 2640, 300}) {
+    : Form(system, "frmSchemeName", {4080, 1200}),
+      txtName(*this, "txtName", proposed, {1200, 180, 2640, 300}) {
     SetCaption("保存过滤方案");
     MoveToEndOfTabOrder(cmdOK);
     MoveToEndOfTabOrder(cmdCancel);

@@ -9,8 +9,8 @@ namespace {
 /// A native window that shows its control's caption and little else.
 class CaptionWindow : public ControlWindow {
  public:
-    CaptionWindow(CaptionedControl& control, const FormSurface& surface,
-                  const wchar_t* windowClass, DWORD style)
+    CaptionWindow(CaptionedControl& control, const FormSurface& surface, const wchar_t* windowClass,
+                  DWORD style)
         : ControlWindow(control, surface, windowClass, style) {}
 
  protected:
@@ -22,8 +22,18 @@ class FrameWindow final : public CaptionWindow {
  public:
     FrameWindow(Frame& frame, const FormSurface& surface)
         : CaptionWindow(frame, surface, L"BUTTON", BS_GROUPBOX) {
-        // Under what stands in it.
-        SetWindowPos(handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        SetWindowSubclass(handle(), &FrameWindow::Procedure, 1, 0);
+    }
+
+ private:
+    /// The system's own leaves what is inside the line to the window around it, which does not draw there.
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                      DWORD_PTR) {
+        if (message != WM_ERASEBKGND) return DefSubclassProc(window, message, wParam, lParam);
+        RECT area{};
+        GetClientRect(window, &area);
+        FillRect(reinterpret_cast<HDC>(wParam), &area, GetSysColorBrush(COLOR_BTNFACE));
+        return 1;
     }
 };
 

@@ -4,6 +4,7 @@
 
 #include "platform/user.h"
 #include "windows/control_window.h"
+#include "windows/drop_down.h"
 
 namespace qor::windows {
 
@@ -21,15 +22,15 @@ int UnitOfCharacter(const std::wstring& text, std::int32_t character) {
 class TextWindow final : public ControlWindow {
  public:
     TextWindow(TextBox& box, const FormSurface& surface)
-        : ControlWindow(box, surface, L"EDIT", ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE) {}
+        : ControlWindow(box, surface, L"EDIT", ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE) {
+        SetWindowSubclass(handle(), &TextWindow::Procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+    }
 
     void Command(HWND, WORD notification) override {
         if (notification != EN_CHANGE || isShowing()) return;
         User(Box().form()).Text(Box(), Narrow(TextOf(handle())));
     }
-    HBRUSH Background() const override {
-        return Box().grayed() ? GetSysColorBrush(COLOR_BTNFACE) : nullptr;
-    }
+    HBRUSH Background() const override { return Box().grayed() ? GetSysColorBrush(COLOR_BTNFACE) : nullptr; }
     void TakeFocus(bool byTab, bool backwards) override {
         ControlWindow::TakeFocus(byTab, backwards);
         ShowSelection();  // which a handler of the focus may just have made
@@ -43,6 +44,44 @@ class TextWindow final : public ControlWindow {
         SetText(Box().text());
         ShowSelection();
     }
+    void Place(const RECT& place) override {
+        ControlWindow::Place(place);
+        // The frame is measured anew, for the font may have changed.
+        SetWindowPos(handle(), nullptr, 0, 0, 0, 0,
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+    }
+
+    // The system's box writes at its top; on a monitor of high resolution that looks wrong. So a strip above
+    // the text belongs to the border, and is drawn like the box.
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                      DWORD_PTR self) {
+        const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+        const auto& text = *reinterpret_cast<const TextWindow*>(self);
+        if (message == WM_NCCALCSIZE) {
+            auto& area = *reinterpret_cast<RECT*>(lParam);
+            area.top += text.StripAbove(area);
+        } else if (message == WM_NCPAINT) {
+            text.DrawStrip();
+        }
+        return result;
+    }
+    int StripAbove(const RECT& area) const {
+        return std::max(0, (static_cast<int>(area.bottom - area.top) - metrics().lineHeight()) / 2 - 1);
+    }
+    void DrawStrip() const {
+        RECT frame{}, client{};
+        GetWindowRect(handle(), &frame);
+        GetClientRect(handle(), &client);
+        MapWindowPoints(handle(), nullptr, reinterpret_cast<POINT*>(&client), 2);
+        OffsetRect(&client, -frame.left, -frame.top);
+        const int edge = frame.bottom - frame.top - client.bottom;
+        const RECT strip{client.left, edge, client.right, client.top};
+        const HDC context = GetWindowDC(handle());
+        const bool grey = Box().grayed() || !IsWindowEnabled(handle());
+        FillRect(context, &strip, GetSysColorBrush(grey ? COLOR_BTNFACE : COLOR_WINDOW));
+        ReleaseDC(handle(), context);
+    }
+
     void ShowSelection() const {
         const std::wstring text = TextOf(handle());
         Send(EM_SETSEL, static_cast<WPARAM>(UnitOfCharacter(text, Box().selStart())),
@@ -53,7 +92,7 @@ class TextWindow final : public ControlWindow {
 class ListWindow final : public ControlWindow {
  public:
     ListWindow(DropDown& list, const FormSurface& surface)
-        : ControlWindow(list, surface, L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP) {}
+        : ControlWindow(list, surface, L"COMBOBOX", kDropDownStyle) {}
 
     void Command(HWND, WORD notification) override {
         if (notification != CBN_SELCHANGE) return;
@@ -72,7 +111,9 @@ class ListWindow final : public ControlWindow {
         return true;
     }
 
-    void Place(const RECT& place) override { PlaceDropDown(handle(), place, List().items().size()); }
+    void Place(const RECT& place) override {
+        PlaceDropDown(handle(), place, List().items().size(), metrics());
+    }
 
     void Show(Change what) override {
         if (what == Change::Items) {
@@ -100,8 +141,7 @@ Date ToDay(const SYSTEMTIME& time) {
 class DateWindow final : public ControlWindow {
  public:
     DateWindow(DatePicker& picker, const FormSurface& surface)
-        : ControlWindow(picker, surface, DATETIMEPICK_CLASSW,
-                        DTS_SHORTDATECENTURYFORMAT | WS_TABSTOP) {
+        : ControlWindow(picker, surface, DATETIMEPICK_CLASSW, DTS_SHORTDATECENTURYFORMAT | WS_TABSTOP) {
         Send(DTM_SETFORMATW, 0, reinterpret_cast<LPARAM>(L"yyyy-MM-dd"));
     }
 
@@ -164,20 +204,6 @@ class SpinWindow final : public ControlWindow {
 };
 
 }  // namespace
-
-void PlaceDropDown(HWND list, const RECT& place, std::size_t entries) {
-    constexpr int kMostShown = 12;
-    const int width = place.right - place.left, height = place.bottom - place.top;
-    // Closed, it is as tall as its text and a border make it; the text is what can be set.
-    RECT closed{};
-    GetWindowRect(list, &closed);
-    const auto item = static_cast<int>(SendMessageW(list, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0));
-    SendMessageW(list, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height - (closed.bottom - closed.top - item));
-    const auto row = static_cast<int>(SendMessageW(list, CB_GETITEMHEIGHT, 0, 0));
-    const int shown = std::clamp(static_cast<int>(entries), 1, kMostShown);
-    SetWindowPos(list, nullptr, place.left, place.top, width, height + row * shown + 4,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-}
 
 std::unique_ptr<ControlWindow> MakeTextWindow(TextBox& box, const FormSurface& surface) {
     return std::make_unique<TextWindow>(box, surface);

@@ -2,9 +2,13 @@
 
 namespace qor {
 
-CheckBoxes::CheckBoxes(Form& form, Control& container, std::span<const CheckBoxRow> boxes) {
+CheckBoxes::CheckBoxes(Form& form, Control& container, std::span<const CheckBoxRow> boxes, LastBox lastBox) {
     for (std::size_t i = 0; i < boxes.size(); ++i) {
-        const Bounds place{kLeft[i % 2], Bottom(i / 2 * 2), 2800, 270};
+        const bool shares = lastBox == LastBox::SharesNextRow && i + 1 == boxes.size() && i % 2 == 0;
+        const std::int32_t top = Bottom(i / 2 * 2);
+        const Bounds place = shares ? layout::HighCheckAt(top)
+                                    : Bounds{i % 2 == 0 ? layout::kLabel : layout::kHighLabel, top,
+                                             layout::kCheckWidth, layout::kCheckHeight};
         boxes_.push_back(std::make_unique<CheckBox>(form, std::string(boxes[i].name), boxes[i].caption,
                                                     std::int16_t{0}, place, &container));
     }

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "dialogs/layout.h"
 #include "platform/controls.h"
 
 namespace qor {
@@ -18,15 +19,19 @@ struct CheckBoxRow {
 
 class CheckBoxes {
  public:
-    CheckBoxes(Form& form, Control& container, std::span<const CheckBoxRow> boxes);
+    /// Where an odd last box stands: in a row of its own, or on the right of the row that follows.
+    enum class LastBox : std::uint8_t { OwnRow, SharesNextRow };
+
+    CheckBoxes(Form& form, Control& container, std::span<const CheckBoxRow> boxes,
+               LastBox lastBox = LastBox::OwnRow);
 
     /// Where the rows of so many boxes end, twips from the container's top.
-    static constexpr std::int32_t Bottom(std::size_t count) {
-        return kTop + static_cast<std::int32_t>((count + 1) / 2) * kPitch;
+    static constexpr std::int32_t Bottom(std::size_t count, LastBox lastBox = LastBox::OwnRow) {
+        const std::size_t shared = lastBox == LastBox::SharesNextRow ? 0 : 1;
+        return kTop + static_cast<std::int32_t>((count + shared) / 2) * kPitch;
     }
 
-    static constexpr std::int32_t kTop = 225, kPitch = 375;
-    static constexpr std::int32_t kLeft[] = {120, 3440};
+    static constexpr std::int32_t kTop = layout::kFirstRow, kPitch = 375;
 
  private:
     std::vector<std::unique_ptr<CheckBox>> boxes_;

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "dialogs/layout.h"
 #include "platform/controls.h"
 
 namespace qor {
@@ -21,15 +22,6 @@ struct ItemBox {
     bool highBound = false;          // stands in the row of the box before it
     std::string_view unit{};         // what stands behind the box, such as "（包含）"
 };
-
-/// Where the columns of a row of bounds stand, twips from the left of their container.
-struct BoundColumns {
-    std::int32_t label = 120, box = 1320, button = 3030, highLabel = 3480, highBox = 4020, highButton = 5730;
-    std::int32_t boxWidth = 1680;
-};
-inline constexpr BoundColumns kBoundColumns{};
-inline constexpr std::int32_t kRowHeight = 390;
-inline constexpr std::int32_t kBoxHeight = 300;
 
 /// How many rows a table of boxes takes.
 constexpr std::int32_t RowsOf(std::span<const ItemBox> boxes) {

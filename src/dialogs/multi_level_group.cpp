@@ -8,6 +8,8 @@ namespace qor {
 
 namespace {
 
+constexpr std::int32_t kTotalRow = layout::RowTop(0), kLevelRow = layout::RowTop(1);
+
 /// Keeps an entry's field beyond the visible width of the list.
 std::string Entry(const SumWay& way) {
     return std::string(ResText(way.caption)) + std::string(50, ' ') + "|" + std::string(way.field);
@@ -20,15 +22,20 @@ MultiLevelGroup::MultiLevelGroup(Form& form, Control& container, Bounds place, S
     : server_(server),
       ways_(ways),
       frmMultiLevel(form, "frmMultiLevel", "", place, &container),
-      lblTotal(form, "lblTotal", "汇总依据:", {120, 315, 1170, 210}, &frmMultiLevel),
-      cboTotal(form, "cboTotal", {1320, 255, 1680, 300}, &frmMultiLevel),
-      chkShowTotalRow(form, "chkShowTotalRow", "仅显示汇总行", 0, {3440, 270, 2550, 270}, &frmMultiLevel),
-      lblMultiLevelBegin(form, "lblMultiLevelBegin", "类别级别:", {120, 705, 1170, 210}, &frmMultiLevel),
-      txtMultiLevelBegin(form, "txtMultiLevelBegin", "1", {1320, 645, 1380, 300}, &frmMultiLevel),
-      UpDownMultiLevelBegin(form, "UpDownMultiLevelBegin", {2700, 645, 300, 300}, &frmMultiLevel),
-      lblMultiLevelEnd(form, "lblMultiLevelEnd", "至:", {3480, 705, 510, 210}, &frmMultiLevel),
-      txtMultiLevelEnd(form, "txtMultiLevelEnd", "1", {4020, 645, 1380, 300}, &frmMultiLevel),
-      UpDownMultiLevelEnd(form, "UpDownMultiLevelEnd", {5400, 645, 300, 300}, &frmMultiLevel) {
+      lblTotal(form, "lblTotal", "汇总依据:", layout::LabelAt(kTotalRow), &frmMultiLevel),
+      cboTotal(form, "cboTotal", layout::BoxAt(kTotalRow), &frmMultiLevel),
+      chkShowTotalRow(form, "chkShowTotalRow", "仅显示汇总行", 0, layout::HighCheckAt(kTotalRow),
+                      &frmMultiLevel),
+      lblMultiLevelBegin(form, "lblMultiLevelBegin", "类别级别:", layout::LabelAt(kLevelRow), &frmMultiLevel),
+      txtMultiLevelBegin(form, "txtMultiLevelBegin", "1", layout::NarrowBox(layout::BoxAt(kLevelRow)),
+                         &frmMultiLevel),
+      UpDownMultiLevelBegin(form, "UpDownMultiLevelBegin", layout::ArrowsOf(layout::BoxAt(kLevelRow)),
+                            &frmMultiLevel),
+      lblMultiLevelEnd(form, "lblMultiLevelEnd", "至:", layout::HighLabelAt(kLevelRow), &frmMultiLevel),
+      txtMultiLevelEnd(form, "txtMultiLevelEnd", "1", layout::NarrowBox(layout::HighBoxAt(kLevelRow)),
+                       &frmMultiLevel),
+      UpDownMultiLevelEnd(form, "UpDownMultiLevelEnd", layout::ArrowsOf(layout::HighBoxAt(kLevelRow)),
+                          &frmMultiLevel) {
     cboTotal.onClick = [this] { TotalChosen(); };
     // A box that holds no number, as while it is being typed anew, is left alone.
     txtMultiLevelBegin.onChange = [this] { IgnoringErrors([this] { BeginChanged(); }); };

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "dialogs/layout.h"
 #include "platform/controls.h"
 #include "services/system_profile.h"
 
@@ -22,7 +23,7 @@ struct SumWay {
 
 class MultiLevelGroup {
  public:
-    static constexpr std::int32_t kHeight = 1080;
+    static constexpr std::int32_t kHeight = layout::GroupHeight(2);
 
     /// `ways` must outlive the group.
     MultiLevelGroup(Form& form, Control& container, Bounds place, SystemProfile& server,

@@ -10,36 +10,34 @@ namespace qor {
 namespace {
 
 constexpr std::int32_t kEnter = 13, kApostrophe = 39, kF7 = 118, kF8 = 119;
-constexpr std::int32_t kFormWidth = 6540;
-
-Bounds ItemFrame(std::span<const ItemBox> items) {
-    return {120, 1380, 6300, 285 + RowsOf(items) * kRowHeight};
-}
+constexpr std::int32_t kDateRow = layout::kFirstRow;
 
 }  // namespace
 
 PlainDialog::PlainDialog(Process& process, const PlainDialogDescription& description)
-    : FilterDialog(process.platform.windows(), std::string(description.formName), Size{kFormWidth, 0}),
+    : FilterDialog(process.platform.windows(), std::string(description.formName),
+                   Size{layout::kFormWidth, 0}),
       process_(process),
       description_(description),
       frame_(process.platform.NewPlainFrame(*this)),
       Label1(
           description.hasBeginDate
-              ? std::make_unique<Label>(*this, "Label1", "起始日期:", Bounds{120, 315, 1170, 210}, &fraPeriod)
+              ? std::make_unique<Label>(*this, "Label1", "起始日期:", layout::LabelAt(kDateRow), &fraPeriod)
               : nullptr),
       DtpBDate(description.hasBeginDate
                    ? std::make_unique<DatePicker>(*this, "DtpBDate", process.platform.Today(),
-                                                  Bounds{1320, 255, 1680, kBoxHeight}, &fraPeriod)
+                                                  layout::BoxAt(kDateRow), &fraPeriod)
                    : nullptr),
       Label2(std::make_unique<Label>(
           *this, "Label2", "截至日期:",
-          description.hasBeginDate ? Bounds{3120, 315, 870, 210} : Bounds{120, 315, 1170, 210}, &fraPeriod)),
-      DtpEDate(std::make_unique<DatePicker>(*this, "DtpEDate", process.platform.Today(),
-                                            description.hasBeginDate ? Bounds{4020, 255, 1680, kBoxHeight}
-                                                                     : Bounds{1320, 255, 1680, kBoxHeight},
-                                            &fraPeriod)),
-      fraItem(*this, "fraItem", "", ItemFrame(description.items)),
-      items_(*this, fraItem, description.items, 225),
+          description.hasBeginDate ? layout::WideLabelAt(kDateRow) : layout::LabelAt(kDateRow), &fraPeriod)),
+      DtpEDate(std::make_unique<DatePicker>(
+          *this, "DtpEDate", process.platform.Today(),
+          description.hasBeginDate ? layout::HighBoxAt(kDateRow) : layout::BoxAt(kDateRow), &fraPeriod)),
+      fraItem(
+          *this, "fraItem", "",
+          layout::GroupAt(layout::Below(fraPeriod.bounds()), layout::GroupHeight(RowsOf(description.items)))),
+      items_(*this, fraItem, description.items, layout::kFirstRow),
       nameList_(process.platform) {
     SetCaption("过滤");
     cmdOK.onClick = [this] { Confirm(); };
@@ -75,13 +73,14 @@ std::function<void(std::int32_t&)> PlainDialog::LookupKeys(std::size_t index) {
     };
 }
 
-void PlainDialog::FinishLayout(std::int32_t top) {
-    cmdOK.SetBounds({3780, top + 120, 1260, 360});
-    cmdCacel.SetBounds({5160, top + 120, 1260, 360});
+void PlainDialog::FinishLayout(const Frame& lastGroup) {
+    const std::int32_t bottom = lastGroup.bounds().top + lastGroup.bounds().height;
+    cmdOK.SetBounds(layout::ConfirmAt(bottom + layout::kMargin));
+    cmdCacel.SetBounds(layout::CancelAt(bottom + layout::kMargin));
     for (Control* last : {static_cast<Control*>(&cmdOK), static_cast<Control*>(&cmdCacel)}) {
         MoveToEndOfTabOrder(*last);
     }
-    SetSize({kFormWidth, top + 600});
+    SetSize({layout::kFormWidth, bottom + layout::kButtonRow});
 }
 
 void PlainDialog::OnLoad() {

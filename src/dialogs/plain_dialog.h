@@ -95,17 +95,21 @@ class PlainDialog : public FilterDialog, public FrameOwner, protected PlainFrame
     // Common values of AddResultKeys.
     Value UserID() const { return std::int32_t{process_.session.GetUserID()}; }
 
-    /// Places the buttons below `top` and puts them last in the tab order; gives the form its height.
-    void FinishLayout(std::int32_t top);
-    /// Where the frame of the code boxes ends, twips from the form's top.
-    std::int32_t ItemsBottom() const { return fraItem.bounds().top + fraItem.bounds().height; }
+    /// Places the buttons below the last group and puts them last in the tab order; gives the form its
+    /// height.
+    void FinishLayout(const Frame& lastGroup);
+    /// The place of a group below the frame of the code boxes.
+    Bounds GroupBelowItems(std::int32_t height) const {
+        return layout::GroupAt(layout::Below(fraItem.bounds()), height);
+    }
 
     Process& process_;
     const PlainDialogDescription& description_;
     std::unique_ptr<PlainFrame> frame_;
 
-    InertControl QORRptFilter1{*this, "QORRptFilter1", {120, 120, 6300, 420}, true};
-    Frame fraPeriod{*this, "fraPeriod", "", {120, 600, 6300, 690}};
+    InertControl QORRptFilter1{*this, "QORRptFilter1", layout::GroupAt(layout::kBarTop, layout::kBarHeight),
+                               true};
+    Frame fraPeriod{*this, "fraPeriod", "", layout::GroupAt(layout::kGroupsTop, layout::GroupHeight(1))};
     std::unique_ptr<Label> Label1;
     std::unique_ptr<DatePicker> DtpBDate;  // absent where the report has one date
     std::unique_ptr<Label> Label2;

@@ -10,80 +10,79 @@ namespace qor {
 
 namespace {
 
-constexpr std::int32_t kFormWidth = 6540;
-constexpr std::int32_t kPanelTop = 600, kPanelWidth = 6300;
-constexpr std::int32_t kGap = 90;         // between two groups
-constexpr std::int32_t kGroupTop = 225;   // of the first row in a group
-constexpr std::int32_t kCommonTop = 120;  // ... and on the short panel, which has no groups
-constexpr std::int32_t kRowGroup = 690;   // the height of a group with one row
-constexpr std::int32_t kButtonRow = 600;  // the frame's buttons below the panels
+using layout::BoxAt, layout::GroupAt, layout::GroupHeight, layout::HighBoxAt, layout::LabelAt, layout::RowTop;
+
+constexpr std::int32_t kDateRow = RowTop(0);
+constexpr std::int32_t kCommonRows = 2;  // of the short panel, ahead of the codes
 constexpr std::size_t kFirstCommonItem = 6;
 
 std::int32_t PartyRows(const PartyList* parties) { return parties ? 1 : 0; }
 
 std::int32_t ItemsHeight(const SchemeDialogDescription& description) {
-    return 285 + (RowsOf(description.items) + PartyRows(description.parties)) * kRowHeight;
+    return GroupHeight(RowsOf(description.items) + PartyRows(description.parties));
 }
 
 std::int32_t CommonHeight(const SchemeDialogDescription& description) {
-    return kCommonTop +
-           (2 + PartyRows(description.commonParties) + RowsOf(description.commonItems)) * kRowHeight;
+    return GroupHeight(kCommonRows + PartyRows(description.commonParties) + RowsOf(description.commonItems));
+}
+
+/// The check states stand below the check boxes, or in a frame of their own.
+CheckBoxes::LastBox LastBoxOf(const SchemeDialogDescription& description) {
+    return description.statusFrame.empty() ? CheckBoxes::LastBox::SharesNextRow : CheckBoxes::LastBox::OwnRow;
+}
+
+std::int32_t ChecksBottom(const SchemeDialogDescription& description) {
+    return CheckBoxes::Bottom(description.checks.size(), LastBoxOf(description));
 }
 
 std::int32_t ChecksHeight(const SchemeDialogDescription& description) {
-    const std::int32_t states = description.statusFrame.empty() ? kRowHeight : 0;
-    return CheckBoxes::Bottom(description.checks.size()) + states + kGap;
+    const std::int32_t states = description.statusFrame.empty() ? layout::kRowHeight : 0;
+    return ChecksBottom(description) + states + 60;
 }
 
 std::unique_ptr<Label> PartyLabel(Form& form, const PartyList* parties, std::int32_t top, Control& panel) {
     if (!parties) return nullptr;
-    return std::make_unique<Label>(form, std::string(parties->label), parties->caption,
-                                   Bounds{kBoundColumns.label, top + 60, 1170, 210}, &panel);
+    return std::make_unique<Label>(form, std::string(parties->label), parties->caption, LabelAt(top), &panel);
 }
 
 std::unique_ptr<DropDown> PartyDropDown(Form& form, const PartyList* parties, std::int32_t top,
                                         Control& panel) {
     if (!parties) return nullptr;
-    return std::make_unique<DropDown>(form, std::string(parties->list),
-                                      Bounds{kBoundColumns.box, top, kBoundColumns.boxWidth, kBoxHeight},
-                                      &panel);
+    return std::make_unique<DropDown>(form, std::string(parties->list), BoxAt(top), &panel);
 }
 
 }  // namespace
 
 SchemeDialog::SchemeDialog(Process& process, const SchemeDialogDescription& description)
-    : FilterDialog(process.platform.windows(), std::string(description.formName), Size{kFormWidth, 0}),
+    : FilterDialog(process.platform.windows(), std::string(description.formName),
+                   Size{layout::kFormWidth, 0}),
       process_(process),
       description_(description),
       frame_(process.platform.NewSchemeFrame(*this)),
       PictureCommon(*this, std::string(description.commonPanel), "",
-                    {120, kPanelTop, kPanelWidth, CommonHeight(description)}),
-      BEGDate(*this, "BEGDate", process.platform.Today(), {1320, 510, 1680, kBoxHeight}, &PictureCommon),
-      ENDDate(*this, "ENDDate", process.platform.Today(), {4020, 510, 1680, kBoxHeight}, &PictureCommon),
-      commonPartyLabel_(
-          PartyLabel(*this, description.commonParties, kCommonTop + 2 * kRowHeight, PictureCommon)),
-      commonPartyList_(
-          PartyDropDown(*this, description.commonParties, kCommonTop + 2 * kRowHeight, PictureCommon)),
+                    GroupAt(layout::kGroupsTop, CommonHeight(description))),
+      BEGDate(*this, "BEGDate", process.platform.Today(), BoxAt(RowTop(1)), &PictureCommon),
+      ENDDate(*this, "ENDDate", process.platform.Today(), HighBoxAt(RowTop(1)), &PictureCommon),
+      commonPartyLabel_(PartyLabel(*this, description.commonParties, RowTop(kCommonRows), PictureCommon)),
+      commonPartyList_(PartyDropDown(*this, description.commonParties, RowTop(kCommonRows), PictureCommon)),
       commonItems_(*this, PictureCommon, description.commonItems,
-                   kCommonTop + (2 + PartyRows(description.commonParties)) * kRowHeight, kFirstCommonItem),
-      fraPeriod(*this, "fraPeriod", "", TakePlace(kRowGroup), &PictureWhole),
-      DtpBDate(*this, "DtpBDate", process.platform.Today(), {1320, 255, 1680, kBoxHeight}, &fraPeriod),
-      DtpEDate(*this, "DtpEDate", process.platform.Today(), {4020, 255, 1680, kBoxHeight}, &fraPeriod),
+                   RowTop(kCommonRows + PartyRows(description.commonParties)), kFirstCommonItem),
+      fraPeriod(*this, "fraPeriod", "", TakePlace(GroupHeight(1)), &PictureWhole),
+      DtpBDate(*this, "DtpBDate", process.platform.Today(), BoxAt(kDateRow), &fraPeriod),
+      DtpEDate(*this, "DtpEDate", process.platform.Today(), HighBoxAt(kDateRow), &fraPeriod),
       fraItem(*this, "fraItem", "", TakePlace(ItemsHeight(description)), &PictureWhole),
-      partyLabel_(PartyLabel(*this, description.parties, kGroupTop, fraItem)),
-      partyList_(PartyDropDown(*this, description.parties, kGroupTop, fraItem)),
-      items_(*this, fraItem, description.items, kGroupTop + PartyRows(description.parties) * kRowHeight),
+      partyLabel_(PartyLabel(*this, description.parties, RowTop(0), fraItem)),
+      partyList_(PartyDropDown(*this, description.parties, RowTop(0), fraItem)),
+      items_(*this, fraItem, description.items, RowTop(PartyRows(description.parties))),
       Frame1(*this, "Frame1", "", TakePlace(ChecksHeight(description)), &PictureWhole),
-      checks_(*this, Frame1, description.checks),
+      checks_(*this, Frame1, description.checks, LastBoxOf(description)),
       statusFrame_(description.statusFrame.empty()
                        ? nullptr
                        : std::make_unique<Frame>(*this, std::string(description.statusFrame), "",
-                                                 TakePlace(kRowGroup), &PictureWhole)),
-      lblStatus(*this, "lblStatus", description.statusCaption, {120, StatusTop() + 60, 1170, 210},
-                &StatusContainer()),
-      cmbCheckState(*this, "cmbCheckState", {1320, StatusTop(), 1680, kBoxHeight}, &StatusContainer()) {
+                                                 TakePlace(GroupHeight(1)), &PictureWhole)),
+      lblStatus(*this, "lblStatus", description.statusCaption, LabelAt(StatusTop()), &StatusContainer()),
+      cmbCheckState(*this, "cmbCheckState", BoxAt(StatusTop()), &StatusContainer()) {
     SetCaption("过滤");
-    PictureCommon.SetBorder(false);
     PictureWhole.SetBorder(false);
     ConnectItems(commonItems_);
     ConnectItems(items_);
@@ -94,21 +93,16 @@ SchemeDialog::SchemeDialog(Process& process, const SchemeDialogDescription& desc
     }
 }
 
-std::int32_t SchemeDialog::StatusTop() const {
-    return statusFrame_ ? 255 : CheckBoxes::Bottom(description_.checks.size());
-}
+std::int32_t SchemeDialog::StatusTop() const { return statusFrame_ ? RowTop(0) : ChecksBottom(description_); }
 
 Bounds SchemeDialog::TakePlace(std::int32_t height) {
-    const std::int32_t top = groupsBottom_ == 0 ? 0 : groupsBottom_ + kGap;
+    const std::int32_t top = groupsBottom_ == 0 ? 0 : groupsBottom_ + layout::kGroupGap;
     groupsBottom_ = top + height;
-    return {0, top, kPanelWidth, height};
+    return {0, top, layout::kGroupWidth, height};
 }
 
 void SchemeDialog::FinishLayout() {
-    const std::int32_t height = std::max(groupsBottom_, CommonHeight(description_));
-    PictureCommon.SetBounds({120, kPanelTop, kPanelWidth, height});
-    PictureWhole.SetBounds({120, kPanelTop, kPanelWidth, height});
-    SetSize({kFormWidth, kPanelTop + height + kButtonRow});
+    PictureWhole.SetBounds(GroupAt(layout::kGroupsTop, groupsBottom_));
     ShowPanel(true);
 }
 
@@ -255,6 +249,8 @@ void SchemeDialog::OnItemClassOf(Control& control, std::int32_t& itemClass) {
 void SchemeDialog::ShowPanel(bool whole) {
     PictureCommon.SetVisible(!whole);
     PictureWhole.SetVisible(whole);
+    const std::int32_t height = (whole ? PictureWhole : PictureCommon).bounds().height;
+    SetSize({layout::kFormWidth, layout::kGroupsTop + height + layout::kButtonRow});
     if (focus() && !focus()->IsShown()) QORRptFilter.SetFocus();
 }
 

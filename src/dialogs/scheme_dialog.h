@@ -115,23 +115,24 @@ class SchemeDialog : public FilterDialog, public FrameOwner, protected SchemeFra
     std::unique_ptr<SchemeFrame> frame_;
     std::int32_t groupsBottom_ = 0;  // twips from the top of the whole panel
 
-    InertControl QORRptFilter{*this, "QORRptFilter", {120, 120, 6300, 420}, true};
+    InertControl QORRptFilter{*this, "QORRptFilter", layout::GroupAt(layout::kBarTop, layout::kBarHeight),
+                              true};
 
     Frame PictureCommon;
-    Label lblFrom{*this, "lblFrom", "日期范围:", {120, 180, 1170, 210}, &PictureCommon};
-    DropDown cmbDateType{*this, "cmbDateType", {1320, 120, 1680, kBoxHeight}, &PictureCommon};
+    Label lblFrom{*this, "lblFrom", "日期范围:", layout::LabelAt(layout::RowTop(0)), &PictureCommon};
+    DropDown cmbDateType{*this, "cmbDateType", layout::BoxAt(layout::RowTop(0)), &PictureCommon};
     DatePicker BEGDate;
-    Label lblTo{*this, "lblTo", "至", {3480, 570, 510, 210}, &PictureCommon};
+    Label lblTo{*this, "lblTo", "至", layout::HighLabelAt(layout::RowTop(1)), &PictureCommon};
     DatePicker ENDDate;
     std::unique_ptr<Label> commonPartyLabel_;
     std::unique_ptr<DropDown> commonPartyList_;
     ItemBoxes commonItems_;
 
-    Frame PictureWhole{*this, "PictureWhole", "", {120, 600, 6300, 0}};
+    Frame PictureWhole{*this, "PictureWhole", "", layout::GroupAt(layout::kGroupsTop, 0)};
     Frame fraPeriod;
-    Label Label1{*this, "Label1", "起始日期:", {120, 315, 1170, 210}, &fraPeriod};
+    Label Label1{*this, "Label1", "起始日期:", layout::LabelAt(layout::kFirstRow), &fraPeriod};
     DatePicker DtpBDate;
-    Label Label2{*this, "Label2", "截至日期:", {3120, 315, 870, 210}, &fraPeriod};
+    Label Label2{*this, "Label2", "截至日期:", layout::WideLabelAt(layout::kFirstRow), &fraPeriod};
     DatePicker DtpEDate;
     Frame fraItem;
     std::unique_ptr<Label> partyLabel_;

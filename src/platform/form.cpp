@@ -33,6 +33,11 @@ void Form::SetCaption(std::string_view caption) {
     if (view_) view_->CaptionChanged();
 }
 
+void Form::SetSize(Size size) {
+    size_ = size;
+    if (view_) view_->SizeChanged();
+}
+
 Control* Form::Find(std::string_view name) const {
     const auto found = std::ranges::find_if(controls_, [name](Control* c) { return c->name() == name; });
     return found == controls_.end() ? nullptr : *found;

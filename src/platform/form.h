@@ -20,6 +20,7 @@ class FormView {
  public:
     virtual void ControlChanged(Control& control, Change what) = 0;
     virtual void CaptionChanged() = 0;
+    virtual void SizeChanged() {}
     virtual void FocusMoved() = 0;
     /// The form was hidden or unloaded; its modal run is to end.
     virtual void Closed() = 0;
@@ -87,7 +88,7 @@ class Form : public TableObject {
  protected:
     Form(WindowSystem& windows, std::string name, Size size);
 
-    void SetSize(Size size) { size_ = size; }
+    void SetSize(Size size);
     void MoveToEndOfTabOrder(Control& control);
 
     WindowSystem& windows() const { return windows_; }

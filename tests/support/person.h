@@ -12,7 +12,7 @@
 
 #include "dialogs/control_values.h"
 #include "platform/frame_owner.h"
-#include "platform/user.h"
+#include "support/played_windows.h"
 #include "support/report_host.h"
 
 namespace qor::test {
@@ -64,7 +64,7 @@ class Person {
 
  private:
     Form& form_;
-    User user_;
+    Hand user_;
 };
 
 /// Has the person confirm the next scheme dialog as it comes up.

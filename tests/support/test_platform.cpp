@@ -19,12 +19,12 @@ std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\
 
 std::int32_t LoggedWindows::MessageBox(std::string_view text, std::string_view title, std::int32_t style) {
     log_->push_back("box " + Quoted(text) + " " + Quoted(title) + " " + std::to_string(style));
-    return HeadlessWindows::MessageBox(text, title, style);
+    return PlayedWindows::MessageBox(text, title, style);
 }
 
 void LoggedWindows::Pump() {
     log_->push_back("pump");
-    HeadlessWindows::Pump();
+    PlayedWindows::Pump();
 }
 
 TestPlatform::TestPlatform() : bag(MakeRef<OrderedDictionary>()), now(*DateFromCalendar(2020, 9, 15)) {

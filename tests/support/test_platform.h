@@ -15,15 +15,15 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/headless.h"
 #include "platform/platform.h"
 #include "process/process.h"
+#include "support/played_windows.h"
 #include "support/scripted_object.h"
 
 namespace qor::test {
 
-/// The headless windows, which also log what they are asked for: "box "text" "title" 64", "pump", "pointer".
-class LoggedWindows final : public HeadlessWindows {
+/// The windows that a person is played in, which also log what they are asked for: "box "text" "title" 64", "pump", "pointer".
+class LoggedWindows final : public PlayedWindows {
  public:
     explicit LoggedWindows(std::shared_ptr<Log> log) : log_(std::move(log)) {}
     std::int32_t MessageBox(std::string_view text, std::string_view title, std::int32_t style) override;

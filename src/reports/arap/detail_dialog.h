@@ -12,7 +12,7 @@ namespace qor {
 /// Frame3: the conditions on the user-defined fields of a bill's head. What they mean is the server's.
 class UserFormulas {
  public:
-    static constexpr std::int32_t kHeight = 2625;
+    static constexpr std::int32_t kHeight = layout::GroupHeight(6);
 
     UserFormulas(Form& form, Control& container, Bounds place);
 

@@ -83,7 +83,7 @@ constexpr SchemeDialogDescription kDialog{
     .fitsAppTypeAtLoad = false,
 };
 
-constexpr std::int32_t kSecondColumn = 3440;
+constexpr std::int32_t kSecondColumn = layout::kHighLabel;
 
 void MoveTo(Control& control, std::int32_t left, std::int32_t top) {
     control.SetBounds({left, top, control.bounds().width, control.bounds().height});

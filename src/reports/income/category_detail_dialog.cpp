@@ -5,10 +5,10 @@ namespace qor {
 CategoryDetailDialog::CategoryDetailDialog(Process& process, const CategoryDetailKind& kind)
     : PlainDialog(process, kind.dialog),
       kind_(kind),
-      Frame1(*this, "Frame1", "", {120, ItemsBottom() + 90, 6300, 690}),
+      Frame1(*this, "Frame1", "", GroupBelowItems(layout::GroupHeight(1))),
       chkForbiddenTypeInclude(*this, "chkForbiddenTypeInclude", kind.forbiddenTypeCaption, 0,
-                              {3480, 270, 2550, 270}, &Frame1) {
-    FinishLayout(Frame1.bounds().top + Frame1.bounds().height);
+                              layout::HighCheckAt(layout::kFirstRow), &Frame1) {
+    FinishLayout(Frame1);
 }
 
 void CategoryDetailDialog::AddResultKeys(Dictionary& result) {

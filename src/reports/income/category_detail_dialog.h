@@ -15,8 +15,8 @@ class CategoryDetailDialog final : public PlainDialog {
 
     const CategoryDetailKind& kind_;
     Frame Frame1;
-    Label lblStatus{*this, "lblStatus", "单据状态:", {120, 315, 1170, 210}, &Frame1};
-    DropDown cmbCheckState{*this, "cmbCheckState", {1320, 255, 1680, kBoxHeight}, &Frame1};
+    Label lblStatus{*this, "lblStatus", "单据状态:", layout::LabelAt(layout::kFirstRow), &Frame1};
+    DropDown cmbCheckState{*this, "cmbCheckState", layout::BoxAt(layout::kFirstRow), &Frame1};
     CheckBox chkForbiddenTypeInclude;
 };
 

@@ -2,32 +2,23 @@
 
 namespace qor {
 
-namespace {
-
-constexpr std::int32_t kLeft = 120, kRight = 3480, kCheckWidth = 2550, kCheckHeight = 270;
-
-constexpr std::int32_t RowTop(int row) { return 225 + row * kRowHeight; }
-
-constexpr Bounds CheckAt(std::int32_t left, int row) {
-    return {left, RowTop(row) + 15, kCheckWidth, kCheckHeight};
-}
-
-}  // namespace
+using layout::CheckAt, layout::HighCheckAt, layout::RowTop;
 
 CategorySummaryDialog::CategorySummaryDialog(Process& process, const CategorySummaryKind& kind)
     : PlainDialog(process, kind.dialog),
       kind_(kind),
-      Frame1(*this, "Frame1", "", {120, ItemsBottom() + 90, 6300, RowTop(4) + 60}),
+      Frame1(*this, "Frame1", "", GroupBelowItems(layout::GroupHeight(4))),
       levels_(*this, Frame1, RowTop(0), kind.lowEndLevel),
-      chkGrouyBy(*this, std::string(kind.groupKey), kind.groupCaption, 0, CheckAt(kLeft, 1), &Frame1),
+      chkGrouyBy(*this, std::string(kind.groupKey), kind.groupCaption, 0, CheckAt(RowTop(1)), &Frame1),
       chkForbiddenTypeInclude(*this, "chkForbiddenTypeInclude", kind.forbiddenTypeCaption, 0,
-                              CheckAt(kRight, 1), &Frame1),
-      chkOccurNotZero(*this, "chkOccurNotZero", "无发生额不显示", 1, CheckAt(kLeft, 2), &Frame1),
-      lblStatus(*this, "lblStatus", "单据状态:", {kLeft, RowTop(3) + 60, 1170, 210}, &Frame1),
-      cmbCheckState(*this, "cmbCheckState", {kBoundColumns.box, RowTop(3), 1680, kBoxHeight}, &Frame1),
-      chkIncludeOther(*this, "chkIncludeOther", kind.includeOtherCaption, 0, CheckAt(kRight, 3), &Frame1) {
+                              HighCheckAt(RowTop(1)), &Frame1),
+      chkOccurNotZero(*this, "chkOccurNotZero", "无发生额不显示", 1, CheckAt(RowTop(2)), &Frame1),
+      lblStatus(*this, "lblStatus", "单据状态:", layout::LabelAt(RowTop(3)), &Frame1),
+      cmbCheckState(*this, "cmbCheckState", layout::BoxAt(RowTop(3)), &Frame1),
+      chkIncludeOther(*this, "chkIncludeOther", kind.includeOtherCaption, 0, HighCheckAt(RowTop(3)),
+                      &Frame1) {
     if (kind_.levelBoxesOpenPickers) ConnectPickerKeys();
-    FinishLayout(Frame1.bounds().top + Frame1.bounds().height);
+    FinishLayout(Frame1);
 }
 
 void CategorySummaryDialog::ConnectPickerKeys() {

@@ -1,28 +1,23 @@
 #include "reports/income/level_boxes.h"
 
-#include "dialogs/item_boxes.h"
+#include "dialogs/layout.h"
 
 namespace qor {
 
 namespace {
 
 constexpr std::int32_t kBackspace = 8, kFirstDigit = 48, kLastDigit = 57;
-constexpr std::int32_t kLevelWidth = 1425, kSpinWidth = 255;
-
-constexpr Bounds SpinBehind(const Bounds& box) {
-    return {box.left + box.width, box.top, kSpinWidth, box.height};
-}
 
 }  // namespace
 
 LevelBoxes::LevelBoxes(Form& form, Control& container, std::int32_t top, LowEndLevel lowEnd)
     : lowEnd_(lowEnd),
-      Label7(form, "Label7", "类别级次:", {kBoundColumns.label, top + 60, 1170, 210}, &container),
-      txtlevel1(form, "txtlevel1", "1", {kBoundColumns.box, top, kLevelWidth, kBoxHeight}, &container),
-      udBLevel(form, "udBLevel", SpinBehind(txtlevel1.bounds()), &container),
-      Label6(form, "Label6", "至: ", {kBoundColumns.highLabel, top + 60, 510, 210}, &container),
-      txtlevel2(form, "txtlevel2", "2", {kBoundColumns.highBox, top, kLevelWidth, kBoxHeight}, &container),
-      udELevel(form, "udELevel", SpinBehind(txtlevel2.bounds()), &container) {
+      Label7(form, "Label7", "类别级次:", layout::LabelAt(top), &container),
+      txtlevel1(form, "txtlevel1", "1", layout::NarrowBox(layout::BoxAt(top)), &container),
+      udBLevel(form, "udBLevel", layout::ArrowsOf(layout::BoxAt(top)), &container),
+      Label6(form, "Label6", "至: ", layout::HighLabelAt(top), &container),
+      txtlevel2(form, "txtlevel2", "2", layout::NarrowBox(layout::HighBoxAt(top)), &container),
+      udELevel(form, "udELevel", layout::ArrowsOf(layout::HighBoxAt(top)), &container) {
     txtlevel1.SetEnabled(false);
     txtlevel1.SetGrayed(true);
     Connect(txtlevel1, udBLevel);

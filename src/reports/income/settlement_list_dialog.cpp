@@ -2,34 +2,26 @@
 
 namespace qor {
 
-namespace {
-
-constexpr std::int32_t kLeft = 120, kRight = 3480;
-
-constexpr Bounds CheckAt(std::int32_t left, int row) { return {left, 240 + row * kRowHeight, 2550, 270}; }
-
-}  // namespace
+using layout::CheckAt, layout::HighCheckAt, layout::RowTop;
 
 SettlementListDialog::SettlementListDialog(Process& process, const SettlementListKind& kind)
     : PlainDialog(process, kind.dialog),
       kind_(kind),
-      Frame1(*this, "Frame1", "", {120, ItemsBottom() + 90, 6300, 285 + 3 * kRowHeight}),
-      chkShowNonZero(*this, "chkShowNonZero", "已完全核销不显示", 0, CheckAt(kLeft, 0), &Frame1),
-      chkIncludeBill(*this, "chkIncludeBill", kind.includeBillCaption, 0, CheckAt(kRight, 0), &Frame1),
-      chkIncludeOther(*this, "chkIncludeOther", kind.includeOtherCaption, 0, CheckAt(kRight, 1), &Frame1),
-      chkIncludePre(*this, "chkIncludePre", kind.includePreCaption, 0, CheckAt(kLeft, 1), &Frame1),
-      chkIncludeRebate(*this, "chkIncludeRebate", kind.includeRebateCaption, 0, CheckAt(kRight, 2), &Frame1),
-      Frame2(*this, "Frame2", "", {120, Frame1.bounds().top + Frame1.bounds().height + 90, 6300, 690}) {
+      Frame1(*this, "Frame1", "", GroupBelowItems(layout::GroupHeight(kind.hasCheckState ? 3 : 2))),
+      chkShowNonZero(*this, "chkShowNonZero", "已完全核销不显示", 0, CheckAt(RowTop(0)), &Frame1),
+      chkIncludeBill(*this, "chkIncludeBill", kind.includeBillCaption, 0, HighCheckAt(RowTop(0)), &Frame1),
+      chkIncludeOther(*this, "chkIncludeOther", kind.includeOtherCaption, 0, HighCheckAt(RowTop(1)), &Frame1),
+      chkIncludePre(*this, "chkIncludePre", kind.includePreCaption, 0, CheckAt(RowTop(1)), &Frame1),
+      chkIncludeRebate(*this, "chkIncludeRebate", kind.includeRebateCaption, 0, HighCheckAt(RowTop(2)),
+                       &Frame1),
+      Frame2(*this, "Frame2", "", layout::GroupAt(layout::Below(Frame1.bounds()), layout::GroupHeight(1))) {
     if (kind_.hasCheckState) {
-        const Bounds row = CheckAt(kLeft, 2);
-        lblStatus.emplace(*this, "lblStatus", "单据状态:", Bounds{row.left, row.top + 45, 1170, 210},
-                          &Frame1);
-        cmbCheckState.emplace(*this, "cmbCheckState",
-                              Bounds{kBoundColumns.box, row.top - 15, 1680, kBoxHeight}, &Frame1);
+        lblStatus.emplace(*this, "lblStatus", "单据状态:", layout::LabelAt(RowTop(2)), &Frame1);
+        cmbCheckState.emplace(*this, "cmbCheckState", layout::BoxAt(RowTop(2)), &Frame1);
     }
     chkIncludeRebate.SetVisible(false);
     Frame2.SetVisible(false);
-    FinishLayout(Frame1.bounds().top + Frame1.bounds().height);
+    FinishLayout(Frame1);
 }
 
 void SettlementListDialog::FillLists() {

@@ -31,10 +31,10 @@ class SettlementListDialog final : public PlainDialog {
     CheckBox chkIncludeRebate;
     // The sort order takes part in schemes and filter, but users do not get to see it.
     Frame Frame2;
-    Label lblSort{*this, "lblSort", "排序：", {120, 315, 1170, 210}, &Frame2};
-    DropDown cboSortBy{*this, "cboSortBy", {1320, 255, 1680, kBoxHeight}, &Frame2};
-    OptionButton OptSortAsc{*this, "OptSortAsc", "升序", true, {3480, 270, 1050, 270}, &Frame2};
-    OptionButton OptSortDesc{*this, "OptSortDesc", "降序", false, {4680, 270, 1050, 270}, &Frame2};
+    Label lblSort{*this, "lblSort", "排序：", layout::LabelAt(layout::kFirstRow), &Frame2};
+    DropDown cboSortBy{*this, "cboSortBy", layout::BoxAt(layout::kFirstRow), &Frame2};
+    OptionButton OptSortAsc{*this, "OptSortAsc", "升序", true, {3440, 240, 1050, 270}, &Frame2};
+    OptionButton OptSortDesc{*this, "OptSortDesc", "降序", false, {4640, 240, 1050, 270}, &Frame2};
 };
 
 }  // namespace qor

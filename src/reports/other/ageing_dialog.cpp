@@ -37,13 +37,15 @@ constexpr PlainDialogDescription kDialog{
 
 AgeingDialog::AgeingDialog(Process& process)
     : PlainDialog(process, kDialog),
-      chkRPOher(*this, "chkRPOher", "包括其他应收应付", 1, {240, ItemsBottom() + 90, 3000, 270}),
-      Frame1(*this, "Frame1", "账龄分组", {120, ItemsBottom() + 420, 6300, 2610}) {
+      chkRPOher(*this, "chkRPOher", "包括其他应收应付", 1,
+                {240, layout::Below(fraItem.bounds()), layout::kCheckWidth, layout::kCheckHeight}),
+      Frame1(*this, "Frame1", "账龄分组", layout::GroupAt(layout::Below(chkRPOher.bounds()), 2610)) {
     cmbClassType.onClick = [this] { SelectParty(); };
     cmdAddRow.onClick = [this] { ageGroups_.AddRow(); };
     cmdDelRow.onClick = [this] { ageGroups_.DeleteRow(); };
+    grid.SetColumnWidth(AgeGroups::kLabel, lblDayNum.bounds().left - lblTitile.bounds().left);
     ConnectGrid();
-    FinishLayout(Frame1.bounds().top + Frame1.bounds().height);
+    FinishLayout(Frame1);
 }
 
 void AgeingDialog::ConnectGrid() {

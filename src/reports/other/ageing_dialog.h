@@ -28,15 +28,17 @@ class AgeingDialog final : public PlainDialog {
 
     std::int32_t itemClass_ = 0;  // of the party codes; 0 before the first selection
 
-    Label Label3{*this, "Label3", "核算项目:", {3120, 315, 870, 210}, &fraPeriod};
-    DropDown cmbClassType{*this, "cmbClassType", {4020, 255, 1680, kBoxHeight}, &fraPeriod};
+    Label Label3{*this, "Label3", "核算项目:", layout::WideLabelAt(layout::kFirstRow), &fraPeriod};
+    DropDown cmbClassType{*this, "cmbClassType", layout::HighBoxAt(layout::kFirstRow), &fraPeriod};
     CheckBox chkRPOher;
     Frame Frame1;
-    Label lblTitile{*this, "lblTitile", "标题", {120, 300, 2400, 210}, &Frame1};
-    Label lblDayNum{*this, "lblDayNum", "天数", {2580, 300, 1800, 210}, &Frame1};
-    Grid grid{*this, "grid", AgeGroups::kColumns, AgeGroups::kStoredRows, {120, 540, 4560, 1950}, &Frame1};
-    Button cmdAddRow{*this, "cmdAddRow", "增加行", {4860, 540, 1260, 360}, &Frame1};
-    Button cmdDelRow{*this, "cmdDelRow", "删除行", {4860, 1020, 1260, 360}, &Frame1};
+    Label lblTitile{*this, "lblTitile", "标题", {180, 285, 2400, 210}, &Frame1};
+    Label lblDayNum{*this, "lblDayNum", "天数", {2640, 285, 1800, 210}, &Frame1};
+    Grid grid{*this, "grid", AgeGroups::kColumns, AgeGroups::kStoredRows, {120, 540, 4530, 1950}, &Frame1};
+    Button cmdAddRow{
+        *this, "cmdAddRow", "增加行", {4770, 540, layout::kButtonWidth, layout::kButtonHeight}, &Frame1};
+    Button cmdDelRow{
+        *this, "cmdDelRow", "删除行", {4770, 1020, layout::kButtonWidth, layout::kButtonHeight}, &Frame1};
     AgeGroups ageGroups_{grid, [this](std::string_view text) { ShowGridMessage(text); }};
 };
 

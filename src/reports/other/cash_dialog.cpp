@@ -6,7 +6,7 @@ namespace qor {
 
 CashDialog::CashDialog(Process& process, const CashKind& kind)
     : PlainDialog(process, kind.dialog), kind_(kind) {
-    FinishLayout(Frame1.bounds().top + Frame1.bounds().height);
+    FinishLayout(Frame1);
 }
 
 void CashDialog::OnLoad() {

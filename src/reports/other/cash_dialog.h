@@ -26,12 +26,12 @@ class CashDialog final : public PlainDialog {
     const CashKind& kind_;
 
     // clang-format off
-    Frame    Frame1{*this, "Frame1", "", {120, ItemsBottom() + 90, 6300, 1020}};
-    CheckBox chkNotShowBalZero{*this, "chkNotShowBalZero", "余额为零不显示", 0, {120, 210, 2550, 270}, &Frame1};
-    CheckBox chkNotShowBillZero{*this, "chkNotShowBillZero", "发生额为零不显示", 0, {3480, 210, 2550, 270}, &Frame1};
-    Label    lblStatus{*this, "lblStatus", "单据状态：", {120, 645, 1170, 210}, &Frame1};
-    DropDown cmbCheckState{*this, "cmbCheckState", {1320, 585, 1680, kBoxHeight}, &Frame1};
-    CheckBox chkIncludARAP{*this, "chkIncludARAP", "包括其他应收应付", 0, {3480, 600, 2550, 270}, &Frame1};
+    Frame    Frame1{*this, "Frame1", "", GroupBelowItems(layout::GroupHeight(2))};
+    CheckBox chkNotShowBalZero{*this, "chkNotShowBalZero", "余额为零不显示", 0, layout::CheckAt(layout::RowTop(0)), &Frame1};
+    CheckBox chkNotShowBillZero{*this, "chkNotShowBillZero", "发生额为零不显示", 0, layout::HighCheckAt(layout::RowTop(0)), &Frame1};
+    Label    lblStatus{*this, "lblStatus", "单据状态：", layout::LabelAt(layout::RowTop(1)), &Frame1};
+    DropDown cmbCheckState{*this, "cmbCheckState", layout::BoxAt(layout::RowTop(1)), &Frame1};
+    CheckBox chkIncludARAP{*this, "chkIncludARAP", "包括其他应收应付", 0, layout::HighCheckAt(layout::RowTop(1)), &Frame1};
     // clang-format on
 };
 

@@ -50,7 +50,7 @@ constexpr PlainDialogDescription kDialog{
 }  // namespace
 
 MatchingBalanceDialog::MatchingBalanceDialog(Process& process) : PlainDialog(process, kDialog) {
-    FinishLayout(Frame1.bounds().top + Frame1.bounds().height);
+    FinishLayout(Frame1);
 }
 
 void MatchingBalanceDialog::AttachGuard() {
