@@ -6,6 +6,7 @@
 #include "windows/frame_bar.h"
 #include "windows/grid_window.h"
 #include "windows/instance.h"
+#include "windows/window_names.h"
 
 namespace qor::windows {
 
@@ -36,9 +37,14 @@ ControlWindow::ControlWindow(Control& control, const FormSurface& surface, const
     : control_(control),
       surface_(surface),
       window_(CreateWindowExW(extendedStyle, windowClass, L"", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0,
-                              surface.window, nullptr, ThisInstance(), nullptr)) {}
+                              surface.window, nullptr, ThisInstance(), nullptr)) {
+    NameWindow(window_, control.name());
+}
 
-ControlWindow::~ControlWindow() { DestroyWindow(window_); }
+ControlWindow::~ControlWindow() {
+    UnnameWindow(window_);
+    DestroyWindow(window_);
+}
 
 void ControlWindow::Place(const RECT& place) {
     SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,

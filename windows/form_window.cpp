@@ -5,6 +5,7 @@
 
 #include "windows/drop_down.h"
 #include "windows/instance.h"
+#include "windows/window_names.h"
 
 namespace qor::windows {
 
@@ -60,6 +61,7 @@ void FormWindow::Make(HWND owner) {
     (void)loaded;
     CreateWindowExW(kExtendedStyle, kClassName, Wide(form_.caption()).c_str(), kStyle, 0, 0, 0, 0, owner,
                     nullptr, ThisInstance(), this);
+    NameWindow(handle(), form_.ClassName());
     PlaceOver(owner);
 }
 
@@ -113,6 +115,7 @@ void FormWindow::Close() {
     controls_.clear();
     if (const HWND window = std::exchange(surface_.window, nullptr)) {
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        UnnameWindow(window);
         DestroyWindow(window);
     }
 }

@@ -3,8 +3,8 @@
 #pragma once
 
 #ifdef _WIN32
-#include "windows/tests/native_hand.h"
-#include "windows/tests/native_play.h"
+#include "windows/native/native_hand.h"
+#include "windows/native/native_play.h"
 #else
 #include "platform/headless.h"
 #include "platform/user.h"

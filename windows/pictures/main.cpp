@@ -1,12 +1,16 @@
 // Shows every dialog once and takes a picture of each:  dialog_pictures FOLDER [REPORT...]
 #include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <set>
+#include <string>
 
 #include "library.h"
 #include "platform/frame_owner.h"
+#include "platform/record_set.h"
 #include "progress/bar.h"
 #include "support/report_host.h"
+#include "windows/native/screen.h"
 #include "windows/pictures/window_picture.h"
 
 namespace qor::windows {
@@ -22,27 +26,26 @@ class Photographer {
         for (const ReportEntry& entry : Reports()) {
             const std::string name = "Rpt" + std::to_string(entry.description.number);
             if (!Wants(name)) continue;
-            test::ReportHost host;
-            host.schemes.Save(entry.description.number, "本月", {});
-            const Ref<Object> report = host.Create(name);
-            host.InDialog([&](Form& form) { TakeDialog(form); });
-            report->Call("ShowFilter");
+            ShowFilter(name, {}, [this](test::ReportHost&, Form& form) { TakeDialog(form); });
         }
+    }
+
+    /// What a dialog asks and tells beside itself.
+    void TakeQuestions() {
+        if (!Wants("questions")) return;
+        ShowFilter("Rpt10522", {}, [this](test::ReportHost& host, Form& form) {
+            host.platform.windows().user = [this](Form&) { Take("schemeName"); };
+            Screen(form).Press("另存(&A)");
+        });
+        const SavedScheme reversed{{"DtpBDate", "2020-09-20"}, {"DtpEDate", "2020-09-10"}};
+        ShowFilter("Rpt10522", reversed, [this](test::ReportHost& host, Form& form) {
+            host.platform.windows().onBox = [this](HWND) { Take("message"); };
+            Screen(form).Press("确定(&O)");
+        });
     }
 
     void TakeProgress() {
         if (!Wants("progress")) return;
-        struct Working final : BarEvents {
-            Photographer& owner;
-            Bar& bar;
-            Working(Photographer& o, Bar& b) : owner(o), bar(b) {}
-            void Active() override {
-                bar.SetMsg("正在从服务器读取数据，请稍候...");
-                bar.SetBarValue(40);
-                owner.Take("frmProgBar");
-                bar.Unload();
-            }
-        };
         test::ReportHost host;
         const auto bar = MakeRef<Bar>(host.process);
         Working working(*this, *bar);
@@ -52,7 +55,35 @@ class Photographer {
     }
 
  private:
+    struct Working final : BarEvents {
+        Photographer& owner;
+        Bar& bar;
+        Working(Photographer& taker, Bar& shown) : owner(taker), bar(shown) {}
+        void Active() override {
+            bar.SetMsg("正在从服务器读取数据，请稍候...");
+            bar.SetBarValue(40);
+            owner.Take("frmProgBar");
+            bar.Unload();
+        }
+    };
+
     bool Wants(const std::string& name) const { return wanted_.empty() || wanted_.contains(name); }
+
+    static void ShowFilter(const std::string& report, const SavedScheme& scheme,
+                           const std::function<void(test::ReportHost&, Form&)>& person) {
+        test::ReportHost host;
+        for (const ReportEntry& entry : Reports()) {
+            host.schemes.Save(entry.description.number, "本月", scheme);
+        }
+        // One dialog opens only where customers and suppliers are matched.
+        host.platform.Component("QORMArApRpt.Data").Answers("GetData", [](Arguments) -> Value {
+            const auto matches = MakeRef<ColumnarRecordSet>(std::vector<std::string>{"FID"});
+            matches->AddCell(0, 1);
+            return matches;
+        });
+        host.InDialog([&](Form& form) { person(host, form); });
+        host.Create(report)->Call("ShowFilter");
+    }
 
     void TakeDialog(Form& form) {
         const std::string name(form.ClassName());
@@ -64,6 +95,7 @@ class Photographer {
         Take(name + "-common");
     }
 
+    /// The window that is in front.
     void Take(const std::string& name) {
         // What was drawn reaches the screen a moment later.
         constexpr DWORD kMoment = 100;
@@ -93,6 +125,7 @@ int wmain(int count, wchar_t** words) {
     try {
         qor::windows::Photographer photographer(words[1], std::move(wanted));
         photographer.TakeDialogs();
+        photographer.TakeQuestions();
         photographer.TakeProgress();
     } catch (const std::exception& error) {
         std::fprintf(stderr, "dialog_pictures: %s\n", error.what());

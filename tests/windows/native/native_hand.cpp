@@ -1,9 +1,9 @@
-#include "windows/tests/native_hand.h"
+#include "windows/native/native_hand.h"
 
 #include <cmath>
 #include <cwctype>
 
-#include "windows/tests/native_play.h"
+#include "windows/native/native_play.h"
 
 namespace qor::windows {
 

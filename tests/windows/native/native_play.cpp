@@ -1,4 +1,4 @@
-#include "windows/tests/native_play.h"
+#include "windows/native/native_play.h"
 
 #include "windows/instance.h"
 
@@ -89,7 +89,8 @@ FormWindow* NativePlay::WindowOf(const Form& form) {
 void NativePlay::FormShown(FormWindow& window) {
     Form& form = window.form();
     Settle();
-    if (user && form.IsVisible()) user(form);
+    const auto play = user;  // which the person may change for a form that comes up over this one
+    if (play && form.IsVisible()) play(form);
     if (form.IsVisible()) form.CancelByUser();
     if (form.IsVisible()) form.Unload();
 }

@@ -1,0 +1,101 @@
+#include "windows/form_window.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/scheme_user.h"
+#include "windows/native/screen.h"
+
+namespace qor::windows {
+namespace {
+
+using test::Person;
+using test::SchemeUser;
+
+TEST(FormWindow, StandsOverTheHostsWindowAndKeepsItFromBeingUsed) {
+    const HWND host = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 400, 300,
+                                      nullptr, nullptr, nullptr, nullptr);
+    SetActiveWindow(host);
+    SchemeUser user("Rpt10522");
+    user.Show([&](Person& person) {
+        const Screen screen(person.form());
+        EXPECT_EQ(GetWindow(screen.window(), GW_OWNER), host);
+        EXPECT_FALSE(IsWindowEnabled(host));
+    });
+    EXPECT_TRUE(IsWindowEnabled(host));
+    DestroyWindow(host);
+}
+
+TEST(FormWindow, TheCloseBoxCancels) {
+    for (const char* report : {"Rpt10522", "Rpt10503"}) {
+        SchemeUser user(report);
+        user.Show([](Person& person) {
+            const Screen screen(person.form());
+            SendMessageW(screen.window(), WM_SYSCOMMAND, SC_CLOSE, 0);
+            NativePlay::Settle();
+            EXPECT_FALSE(person.form().IsVisible());
+        });
+        EXPECT_EQ(user.ResultValue("OK"), Value(false));
+    }
+}
+
+TEST(FormWindow, AMnemonicPressesItsButton) {
+    SchemeUser user("Rpt10522");
+    user.Show([](Person& person) {
+        Screen(person.form()).Mnemonic(L'o');
+        EXPECT_FALSE(person.form().IsVisible());
+    });
+    EXPECT_EQ(user.ResultValue("OK"), Value(true));
+}
+
+TEST(FormWindow, AnOpenListTakesTheEscapeKey) {
+    SchemeUser user("Rpt10522");
+    user.Show([](Person& person) {
+        person.Focus("cmbCheckState");
+        const HWND list = Screen(person.form()).WindowOf("cmbCheckState");
+        SendMessageW(list, CB_SHOWDROPDOWN, TRUE, 0);
+        person.Key("cmbCheckState", VK_ESCAPE);
+        EXPECT_TRUE(person.form().IsVisible());
+        EXPECT_FALSE(SendMessageW(list, CB_GETDROPPEDSTATE, 0, 0));
+        person.Key("cmbCheckState", VK_ESCAPE);
+        EXPECT_FALSE(person.form().IsVisible());
+    });
+}
+
+TEST(FormWindow, ShowsWhatCodeChangesAndWhatIsHidden) {
+    SchemeUser user("Rpt10503");
+    user.Show([](Person& person) {
+        Screen screen(person.form());
+        EXPECT_FALSE(IsWindowVisible(screen.WindowOf("cboTotal")));
+        person.Check("chkMultiLevel", 1);
+        EXPECT_TRUE(IsWindowVisible(screen.WindowOf("cboTotal")));
+        EXPECT_EQ(screen.TextOf("cboTotal"), "客户") << "the code behind the blanks is not shown";
+        person.Check("chkIncludeWT", 1);
+        EXPECT_FALSE(IsWindowEnabled(screen.WindowOf("cmbCheckState")));
+        EXPECT_EQ(screen.TextOf("cmbCheckState"), "全部");
+    });
+}
+
+TEST(FormWindow, AnArrowKeyMovesTheNumberBesideASpin) {
+    SchemeUser user("Rpt10521", 1);
+    user.host.platform.Component("QORMArApRpt.Data").Answers("GetItemMaxLevel", 5);
+    user.Show([](Person& person) {
+        person.Key("txtlevel2", VK_UP);
+        EXPECT_EQ(person.Reads("txtlevel2"), "3");
+        EXPECT_EQ(Screen(person.form()).TextOf("txtlevel2"), "3");
+    });
+}
+
+TEST(FormWindow, ADateIsTypedDigitByDigit) {
+    SchemeUser user("Rpt10522");
+    user.Show([](Person& person) {
+        person.Focus("DtpBDate");
+        for (const char digit : std::string("2019")) {
+            person.Key("DtpBDate", digit);
+        }
+        EXPECT_EQ(person.Reads("DtpBDate"), "2019-09-01");
+    });
+}
+
+}  // namespace
+}  // namespace qor::windows
