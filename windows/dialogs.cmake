@@ -31,7 +31,7 @@ file(GLOB native_tests CONFIGURE_DEPENDS ${root}/tests/windows/native/*_test.cpp
 foreach(name dialogs/multi_level_group dialogs/plain_dialog dialogs/plain_dialog_pickers dialogs/plain_dialog_schemes
         dialogs/scheme_dialog dialogs/scheme_fields reports/arap/detail reports/arap/income_expense_detail
         reports/arap/summary reports/income/category_detail reports/income/category_summary_dialog
-        reports/income/level_boxes reports/income/settlement_list reports/other/ageing_dialog
+        reports/income/settlement_list reports/other/ageing_dialog
         reports/other/cash_dialog reports/other/matching_balance reports/other/statement_dialog)
     list(APPEND native_tests ${root}/tests/${name}_test.cpp)
 endforeach()

@@ -43,7 +43,8 @@ bool FormWindow::KeyDown(WPARAM pressed) {
             if (!(drawn && drawn->TakeEscape()) && !activating_) form_.CancelByUser();
             handled = true;
         } else if (keyCode == VK_RETURN) {
-            handled = drawn && drawn->TakeEnter();
+            if (drawn) drawn->TakeEnter();
+            handled = true;  // a box has no use for it, and would sound
         }
     });
     return handled || done_;

@@ -62,6 +62,10 @@ class TextWindow final : public ControlWindow {
             area.top += text.StripAbove(area);
         } else if (message == WM_NCPAINT) {
             text.DrawStrip();
+        } else if (message == WM_ENABLE) {
+            RedrawWindow(window, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);
+        } else if (message == WM_NCHITTEST && (result == HTBORDER || result == HTNOWHERE)) {
+            return HTCLIENT;  // a press on the strip is one on the box
         }
         return result;
     }

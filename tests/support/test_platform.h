@@ -22,7 +22,8 @@
 
 namespace qor::test {
 
-/// The windows that a person is played in, which also log what they are asked for: "box "text" "title" 64", "pump", "pointer".
+/// The windows that a person is played in, which also log what they are asked for: "box "text" "title" 64",
+/// "pump", "pointer".
 class LoggedWindows final : public PlayedWindows {
  public:
     explicit LoggedWindows(std::shared_ptr<Log> log) : log_(std::move(log)) {}
