@@ -19,6 +19,11 @@ add_executable(dialog_pictures EXCLUDE_FROM_ALL pictures/main.cpp pictures/windo
 target_link_libraries(dialog_pictures PRIVATE qor_native_play gdiplus)
 target_link_options(dialog_pictures PRIVATE -static -municode)
 
+# They run as 64-bit programs: this is the wine that there is beside the other.
+if(NOT CMAKE_SIZEOF_VOID_P EQUAL 8)
+    return()
+endif()
+
 # The tests of the dialogs that run without a screen, run on the screen; and those of what only the screen has.
 set(googletest /usr/src/googletest)
 add_library(qor_googletest STATIC EXCLUDE_FROM_ALL ${googletest}/googletest/src/gtest-all.cc
@@ -28,14 +33,14 @@ target_include_directories(qor_googletest SYSTEM PUBLIC ${googletest}/googletest
 target_compile_options(qor_googletest PRIVATE -w)
 
 file(GLOB native_tests CONFIGURE_DEPENDS ${root}/tests/windows/native/*_test.cpp)
-foreach(name dialogs/multi_level_group dialogs/plain_dialog dialogs/plain_dialog_pickers dialogs/plain_dialog_schemes
+foreach(name dialogs/layout dialogs/multi_level_group dialogs/plain_dialog dialogs/plain_dialog_pickers dialogs/plain_dialog_schemes
         dialogs/scheme_dialog dialogs/scheme_fields reports/arap/detail reports/arap/income_expense_detail
         reports/arap/summary reports/income/category_detail reports/income/category_summary_dialog
         reports/income/settlement_list reports/other/ageing_dialog
         reports/other/cash_dialog reports/other/matching_balance reports/other/statement_dialog)
     list(APPEND native_tests ${root}/tests/${name}_test.cpp)
 endforeach()
-add_executable(qor_native_tests EXCLUDE_FROM_ALL ${native_tests})
+add_executable(qor_native_tests ${native_tests})
 target_compile_options(qor_native_tests PRIVATE -O0)
 target_link_libraries(qor_native_tests PRIVATE qor_native_play qor_googletest)
 target_link_options(qor_native_tests PRIVATE -static -s)

@@ -202,6 +202,7 @@ void FormWindow::Closed() {
 }
 
 void FormWindow::ShowFocus() {
+    if (!IsWindowEnabled(handle())) return;  // a box or a form over this one has the keyboard
     const Arrival arrival = std::exchange(arrival_, Arrival::Other);
     if (ControlWindow* wanted = WindowOf(form_.focus())) {
         wanted->TakeFocus(arrival != Arrival::Other, arrival == Arrival::BackTab);

@@ -33,7 +33,8 @@ class TextWindow final : public ControlWindow {
     HBRUSH Background() const override { return Box().grayed() ? GetSysColorBrush(COLOR_BTNFACE) : nullptr; }
     void TakeFocus(bool byTab, bool backwards) override {
         ControlWindow::TakeFocus(byTab, backwards);
-        ShowSelection();  // which a handler of the focus may just have made
+        // Which a handler of the focus may just have made; without one, the caret is where the user put it.
+        if (Box().selLength() > 0) ShowSelection();
     }
 
  private:

@@ -171,7 +171,9 @@ TEST_F(SchemeFrameTest, ValuesGoAlongFromPanelToPanel) {
     form.customer = "c1";
     form.department = "d1";
     form.events.clear();
+    EXPECT_TRUE(dialog.frame.ShowsWholePanel());
     dialog.frame.SwitchPanel(false);
+    EXPECT_FALSE(dialog.frame.ShowsWholePanel());
     EXPECT_EQ(form.common, "c1");
     form.common = "c2";
     dialog.frame.SwitchPanel(true);

@@ -175,6 +175,15 @@ TEST_F(GridTest, TheUserMovesBetweenTheRowsThatAreThere) {
     EXPECT_EQ(grid.ActiveRow(), 3);
 }
 
+TEST_F(GridTest, AColumnKeepsTheWidthThatItIsGiven) {
+    EXPECT_EQ(grid.ColumnWidth(1), 0) << "nobody has said";
+    grid.SetColumnWidth(1, 2400);
+    grid.SetColumnWidth(99, 100);
+    EXPECT_EQ(grid.ColumnWidth(1), 2400);
+    EXPECT_EQ(grid.ColumnWidth(2), 0);
+    EXPECT_EQ(grid.ColumnWidth(99), 0);
+}
+
 TEST_F(GridTest, AHiddenOrDisabledGridLosesTheAction) {
     grid.SetEnabled(false);
     EXPECT_FALSE(user.Cell(grid, 1, 2, "x"));

@@ -53,7 +53,9 @@ bool NativeHand::Focus(Control& control) {
 
 bool NativeHand::Text(TextBox& box, std::string_view text) {
     if (!Focus(box)) return false;
-    SendMessageW(HandleOf(box), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(text).c_str()));
+    const std::wstring wide = Wide(text);
+    SendMessageW(HandleOf(box), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(wide.c_str()));
+    SendMessageW(HandleOf(box), EM_SETSEL, wide.size(), static_cast<LPARAM>(wide.size()));
     NativePlay::Settle();
     return true;
 }

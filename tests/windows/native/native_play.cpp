@@ -41,8 +41,11 @@ class BoxAnswer {
 
     void Answer(HWND box) {
         KillTimer(clock_, 1);
-        constexpr int kTextOfBox = 0xFFFF;
-        text = Narrow(TextOf(GetDlgItem(box, kTextOfBox)));
+        for (HWND child = GetWindow(box, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+            wchar_t kind[16] = {};
+            GetClassNameW(child, kind, 16);
+            if (std::wstring_view(kind) == L"Static" && text.empty()) text = Narrow(TextOf(child));
+        }
         title = Narrow(TextOf(box));
         if (onBox_) onBox_(box);
         const int button = GetDlgItem(box, IDYES) ? IDYES : IDOK;
