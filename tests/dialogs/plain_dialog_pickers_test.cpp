@@ -69,6 +69,11 @@ constexpr std::string_view kNameList = "QORGLNameListLib2.GLNameList";
 
 TEST_F(PlainDialogTest, TheNameListServesTheFocusedBoxAlone) {
     Filter([this](Person& user) {
+        const auto attached = [&](std::string_view box) {
+            const std::int32_t handle = host.platform.windows().WindowHandle(user.Any(box));
+            return "call QORGLNameListLib2.GLNameList.AttachByHWnd(" + std::to_string(handle) +
+                   ", <Frame>, int16(1))";
+        };
         host.platform.log().clear();
         user.Focus("txtItem(0)");
         EXPECT_THAT(Lines(kNameList),
@@ -76,8 +81,7 @@ TEST_F(PlainDialogTest, TheNameListServesTheFocusedBoxAlone) {
                                 "put QORGLNameListLib2.GLNameList.LookUpClassID = 1121",
                                 "put QORGLNameListLib2.GLNameList.GetDataType = int16(1)",
                                 "put QORGLNameListLib2.GLNameList.NoKeyDownKeyUp = False",
-                                "put QORGLNameListLib2.GLNameList.HotTrace = True",
-                                "call QORGLNameListLib2.GLNameList.AttachByHWnd(0, <Frame>, int16(1))"));
+                                "put QORGLNameListLib2.GLNameList.HotTrace = True", attached("txtItem(0)")));
         host.platform.log().clear();
         user.Focus("txtItem(5)");
         EXPECT_THAT(Lines(kNameList),
@@ -86,8 +90,7 @@ TEST_F(PlainDialogTest, TheNameListServesTheFocusedBoxAlone) {
                                 "put QORGLNameListLib2.GLNameList.LookUpClassID = 2",
                                 "put QORGLNameListLib2.GLNameList.GetDataType = int16(1)",
                                 "put QORGLNameListLib2.GLNameList.NoKeyDownKeyUp = False",
-                                "put QORGLNameListLib2.GLNameList.HotTrace = True",
-                                "call QORGLNameListLib2.GLNameList.AttachByHWnd(0, <Frame>, int16(1))"));
+                                "put QORGLNameListLib2.GLNameList.HotTrace = True", attached("txtItem(5)")));
         host.platform.log().clear();
         user.Focus("cmbCheckState");
         EXPECT_THAT(Lines(kNameList), ElementsAre("call QORGLNameListLib2.GLNameList.Detach()"));

@@ -61,6 +61,9 @@ void LevelBoxes::SetMaximum(std::int32_t deepest) {
     const std::int32_t maximum = deepest == 0 ? 1 : deepest;
     udBLevel.SetRange(1, maximum);
     udELevel.SetRange(1, maximum);
+    // The arrows go on from what the boxes hold, which they may not have been able to follow so far.
+    udBLevel.Follow(ToInt32(Val(txtlevel1.text())));
+    udELevel.Follow(ToInt32(Val(txtlevel2.text())));
 }
 
 void LevelBoxes::OfferBothLevels() {

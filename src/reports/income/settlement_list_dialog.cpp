@@ -45,10 +45,17 @@ void SettlementListDialog::AdjustForAppType() {
             break;
         case 4:
             chkIncludeRebate.SetVisible(process_.bag.GetIndustryType() == 0);
+            if (chkIncludeRebate.visible()) MakeRoomForRebates();
             break;
         default:
             break;
     }
+}
+
+/// The box stands in a row that is there only where the bills' states are.
+void SettlementListDialog::MakeRoomForRebates() {
+    Frame1.SetBounds(GroupBelowItems(layout::GroupHeight(3)));
+    FinishLayout(Frame1);
 }
 
 bool SettlementListDialog::CheckBillTypes() {

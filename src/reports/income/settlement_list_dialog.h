@@ -19,6 +19,7 @@ class SettlementListDialog final : public PlainDialog {
     bool CheckConfirm() override { return CheckBillTypes(); }
     void AddResultKeys(Dictionary& result) override;
     bool CheckBillTypes();
+    void MakeRoomForRebates();
 
     const SettlementListKind& kind_;
     Frame Frame1;

@@ -89,10 +89,7 @@ TEST(FormWindow, AnArrowKeyMovesTheNumberBesideASpin) {
 TEST(FormWindow, ADateIsTypedDigitByDigit) {
     SchemeUser user("Rpt10522");
     user.Show([](Person& person) {
-        person.Focus("DtpBDate");
-        for (const char digit : std::string("2019")) {
-            person.Key("DtpBDate", digit);
-        }
+        person.Type("DtpBDate", "2019");
         EXPECT_EQ(person.Reads("DtpBDate"), "2019-09-01");
     });
 }

@@ -1,8 +1,5 @@
 #include "windows/native/native_hand.h"
 
-#include <cmath>
-#include <cwctype>
-
 #include "windows/native/native_play.h"
 
 namespace qor::windows {
@@ -23,11 +20,11 @@ std::int32_t KeyOf(wchar_t character) {
 wchar_t CharacterOf(std::int32_t keyCode) {
     if (keyCode == VK_BACK || keyCode == VK_RETURN) return static_cast<wchar_t>(keyCode);
     if (keyCode == kQuoteKey) return L'\'';
-    const bool types = (keyCode >= '0' && keyCode <= '9') || (keyCode >= 'A' && keyCode <= 'Z') ||
-                       keyCode == VK_SPACE || (keyCode >= VK_OEM_COMMA && keyCode <= VK_OEM_PERIOD);
-    if (!types) return 0;
-    return static_cast<wchar_t>(
-        std::towlower(static_cast<wint_t>(MapVirtualKeyW(static_cast<UINT>(keyCode), MAPVK_VK_TO_CHAR))));
+    if (keyCode == VK_OEM_COMMA) return L',';
+    if (keyCode == VK_OEM_MINUS) return L'-';
+    if (keyCode == VK_OEM_PERIOD) return L'.';
+    if (keyCode >= 'A' && keyCode <= 'Z') return static_cast<wchar_t>(keyCode - 'A' + L'a');
+    return (keyCode >= '0' && keyCode <= '9') || keyCode == VK_SPACE ? static_cast<wchar_t>(keyCode) : L'\0';
 }
 
 LRESULT Notify(HWND control, WORD notification) {
@@ -70,7 +67,8 @@ void NativeHand::Press(std::int32_t keyCode, wchar_t character) {
         SendMessageW(window, message, wParam, 1);
         return true;
     };
-    if (hand(WM_KEYDOWN, static_cast<WPARAM>(keyCode)) && character != 0) hand(WM_CHAR, character);
+    const bool goesOn = keyCode == 0 || hand(WM_KEYDOWN, static_cast<WPARAM>(keyCode));
+    if (goesOn && character != 0) hand(WM_CHAR, character);
     NativePlay::Settle();
 }
 
