@@ -81,7 +81,26 @@ Json CanUnload() {
 
 }  // namespace
 
-Stage* Stage::Current() { return current_; }
+Stage& Stage::Current() {
+    if (!current_) {
+        Ref<Stage> made = MakeRef<Stage>();
+        if (const wchar_t* file = _wgetenv(L"QOR_STAGE")) {
+            made->Open(windows::Narrow(file));
+            made->UseAllDialogs();
+        }
+        made.Detach();  // stays to the end of the process
+    }
+    return *current_;
+}
+
+void Stage::UseAllDialogs() {
+    Json entries = Json::array();
+    for (const Json& step : file_["steps"]) {
+        if (step.contains("user")) entries.insert(entries.end(), step["user"].begin(), step["user"].end());
+    }
+    file_["entries"] = entries;
+    user_.Begin(&file_["entries"], 0);
+}
 
 Stage::Stage() : server_{transcript_, names_, Today()}, user_(transcript_) {
     current_ = this;

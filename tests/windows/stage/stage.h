@@ -18,8 +18,9 @@ class Stage final : public TableObject {
     Stage();
     ~Stage() override;
 
-    /// The one of this process; null before the script has made it.
-    static Stage* Current();
+    /// The one of this process. Where no script has made one it opens the conversation that QOR_STAGE names,
+    /// if any, and uses the dialogs as all of its steps say.
+    static Stage& Current();
 
     std::string_view ClassName() const override { return "Stage"; }
     std::span<const Member> Members() const override;
@@ -41,6 +42,7 @@ class Stage final : public TableObject {
     void Close(const std::string& file);
 
  private:
+    void UseAllDialogs();
     void Lay(const viewer::Json& step);
     void LayBag(const viewer::Json& bag);
     void ShowBag(IDispatch* bag);

@@ -41,8 +41,7 @@ Ref<Object> Make(std::string_view name) {
     if (name == kStageName) return MakeRef<Stage>();
     if (name == kFoundation[0]) return MakeRef<OrderedDictionary>();
     if (name == kFoundation[1]) return MakeRef<ArrayVector>();
-    Stage* stage = Stage::Current();
-    Ref<Object> made = stage ? stage->CreateComponent(name) : Ref<Object>();
+    Ref<Object> made = Stage::Current().CreateComponent(name);
     if (!made) Raise(Automation::CannotCreate);
     return made;
 }

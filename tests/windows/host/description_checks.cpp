@@ -1,0 +1,163 @@
+// The type library, as early-bound hosts and object browsers read it, and the registry.
+#include "library.h"
+#include "tests/windows/host/host_checks.h"
+#include "windows/class_registration.h"
+#include "windows/types/class_ids.h"
+
+namespace qor::host {
+
+namespace {
+
+using windows::ComPtr;
+using windows::ToGuid;
+
+std::string NameOf(ITypeInfo& info, MEMBERID member) {
+    BSTR name = nullptr;
+    info.GetDocumentation(member, &name, nullptr, nullptr, nullptr);
+    const std::string text = windows::Narrow({name, SysStringLen(name)});
+    SysFreeString(name);
+    return text;
+}
+
+/// The members of an interface, each with its way of being reached: "Filter 2" is a property that is read.
+std::vector<std::string> MembersOf(ITypeInfo& info, IDispatch* object) {
+    TYPEATTR* attributes = nullptr;
+    info.GetTypeAttr(&attributes);
+    std::vector<std::string> members;
+    for (UINT i = 0; i < attributes->cFuncs; ++i) {
+        FUNCDESC* function = nullptr;
+        info.GetFuncDesc(i, &function);
+        const std::string name = NameOf(info, function->memid);
+        members.push_back(name + " " + std::to_string(static_cast<int>(function->invkind)));
+        if (object) {
+            std::wstring wide = windows::Wide(name);
+            LPOLESTR asked = wide.data();
+            DISPID id = 0;
+            Expect(SUCCEEDED(object->GetIDsOfNames(IID_NULL, &asked, 1, 0, &id)) && id == function->memid,
+                   name + " has another id late bound");
+        }
+        info.ReleaseFuncDesc(function);
+    }
+    info.ReleaseTypeAttr(attributes);
+    return members;
+}
+
+void ALibraryHasEveryClass(ITypeLib& library) {
+    for (const windows::PublicClass& known : windows::PublicClasses()) {
+        ComPtr<ITypeInfo> members, whole;
+        Expect(SUCCEEDED(library.GetTypeInfoOfGuid(ToGuid(known.InterfaceId()), &members)),
+               known.name + " has no members");
+        Expect(SUCCEEDED(library.GetTypeInfoOfGuid(ToGuid(known.ClassId()), &whole)),
+               known.name + " is no class");
+        Expect(NameOf(*whole.Get(), MEMBERID_NIL) == known.name, "another class than " + known.name);
+    }
+}
+
+/// What the member table of a class says, in its order.
+std::vector<std::string> TableOf(std::span<const Member> table) {
+    constexpr int kWays[] = {INVOKE_FUNC, INVOKE_PROPERTYGET, INVOKE_PROPERTYPUT, INVOKE_PROPERTYPUTREF};
+    std::vector<std::string> members;
+    for (const Member& member : table) {
+        members.push_back(std::string(member.name) + " " +
+                          std::to_string(kWays[static_cast<std::size_t>(member.kind)]));
+    }
+    return members;
+}
+
+void TheTypeLibraryTellsEveryMember() {
+    for (const ReportEntry& report : Reports()) {
+        const ComPtr<IDispatch> object = Create("QORArApRpt.Rpt" + std::to_string(report.description.number));
+        ComPtr<ITypeInfo> info;
+        Expect(SUCCEEDED(object->GetTypeInfo(0, 0, &info)), "no description");
+        const auto described = MembersOf(*info.Get(), object.Get());
+        Expect(described == TableOf(ReportMembers(report.description)),
+               "other members of " + std::to_string(report.description.number));
+    }
+}
+
+void TheTypeLibraryIsRegistered() {
+    ComPtr<ITypeLib> library;
+    Expect(SUCCEEDED(LoadRegTypeLib(ToGuid(windows::kLibraryId), 1, 0, LOCALE_NEUTRAL, &library)),
+           "it is not registered");
+    ALibraryHasEveryClass(*library.Get());
+}
+
+void BothWidthsHaveTheTypeLibrary() {
+    for (const wchar_t* file :
+         {L"..\\build-windows64\\QORArApRpt.dll", L"..\\build-windows32\\QORArApRpt.dll"}) {
+        ComPtr<ITypeLib> library;
+        Expect(SUCCEEDED(LoadTypeLibEx(file, REGKIND_NONE, &library)), windows::Narrow(file) + " has none");
+        ALibraryHasEveryClass(*library.Get());
+    }
+}
+
+void EventsAreDescribed() {
+    for (const char* name : {"QORArApRpt.Bar", "QORArApRpt.clsPass"}) {
+        ComPtr<IProvideClassInfo2> provider;
+        Expect(SUCCEEDED(Create(name)->QueryInterface(IID_PPV_ARGS(&provider))), "no class description");
+        GUID events;
+        Expect(provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events) == S_OK, "no events");
+        ComPtr<ITypeInfo> whole, info;
+        ComPtr<ITypeLib> library;
+        UINT index = 0;
+        Expect(SUCCEEDED(provider->GetClassInfo(&whole)), "no class");
+        Expect(SUCCEEDED(whole->GetContainingTypeLib(&library, &index)), "no library");
+        Expect(SUCCEEDED(library->GetTypeInfoOfGuid(events, &info)), "its events are not described");
+    }
+}
+
+/// Everything of the component that stands in the registry below a root.
+int RegisteredBelow(HKEY root) {
+    int found = 0;
+    for (const windows::PublicClass& known : windows::PublicClasses()) {
+        for (const std::wstring& key :
+             {windows::Wide(known.ProgId()), L"CLSID\\" + windows::BracedId(known.ClassId()),
+              L"Interface\\" + windows::BracedId(known.InterfaceId())}) {
+            if (windows::HasClassesKey(root, key)) ++found;
+        }
+    }
+    for (const auto& id : {windows::kBarEventsId, windows::kPassEventsId}) {
+        if (windows::HasClassesKey(root, L"Interface\\" + windows::BracedId(id))) ++found;
+    }
+    if (windows::HasClassesKey(root, L"TypeLib\\" + windows::BracedId(windows::kLibraryId))) ++found;
+    return found;
+}
+
+void RegistrationGoesAsItCame() {
+    const HMODULE component = LoadLibraryW(L"..\\build-windows64\\QORArApRpt.dll");
+    Expect(component, "no component");
+    using Server = HRESULT(WINAPI*)();
+    using Install = HRESULT(WINAPI*)(BOOL, PCWSTR);
+    const auto find = [&](const char* name) {
+        return reinterpret_cast<void*>(GetProcAddress(component, name));
+    };
+    const auto registerServer = reinterpret_cast<Server>(find("DllRegisterServer"));
+    const auto unregisterServer = reinterpret_cast<Server>(find("DllUnregisterServer"));
+    const auto install = reinterpret_cast<Install>(find("DllInstall"));
+
+    Expect(unregisterServer() == S_OK, "it cannot be taken back");
+    Expect(RegisteredBelow(HKEY_LOCAL_MACHINE) == 0 && RegisteredBelow(HKEY_CURRENT_USER) == 0,
+           "something stays in the registry");
+    Expect(unregisterServer() == S_OK, "taking back twice fails");
+    Expect(install(TRUE, L"user") == S_OK, "it cannot be registered for the user");
+    Expect(RegisteredBelow(HKEY_CURRENT_USER) >= 2 * 22, "the user's registration is incomplete");
+    Expect(RegisteredBelow(HKEY_LOCAL_MACHINE) == 0, "the user's registration is the machine's");
+    Expect(install(FALSE, nullptr) == S_OK && RegisteredBelow(HKEY_CURRENT_USER) == 0,
+           "something stays in the user's registry");
+    Expect(registerServer() == S_OK && RegisteredBelow(HKEY_LOCAL_MACHINE) >= 2 * 22,
+           "it cannot be registered again");
+}
+
+constexpr HostCheck kChecks[] = {
+    {"TheTypeLibraryTellsEveryMember", TheTypeLibraryTellsEveryMember},
+    {"TheTypeLibraryIsRegistered", TheTypeLibraryIsRegistered},
+    {"BothWidthsHaveTheTypeLibrary", BothWidthsHaveTheTypeLibrary},
+    {"EventsAreDescribed", EventsAreDescribed},
+    {"RegistrationGoesAsItCame", RegistrationGoesAsItCame},
+};
+
+}  // namespace
+
+std::span<const HostCheck> DescriptionChecks() { return kChecks; }
+
+}  // namespace qor::host

@@ -1,0 +1,135 @@
+// Identity, reference counts, memory, and the end of the component.
+#include <psapi.h>
+
+#include "platform/dictionary.h"
+#include "tests/windows/host/host_checks.h"
+#include "windows/types/class_ids.h"
+
+namespace qor::host {
+
+namespace {
+
+using windows::ComPtr;
+using windows::Inward;
+using windows::Outward;
+using windows::PublicClasses;
+
+ComPtr<IDispatch> DispatchIn(const Value& value) { return Outward(&ObjectIn(value)); }
+
+ULONG ReferencesOf(IDispatch* dispatch) {
+    dispatch->AddRef();
+    return dispatch->Release();
+}
+
+void EveryClassCanBeCreated() {
+    for (const windows::PublicClass& known : PublicClasses()) {
+        ComPtr<IDispatch> made = Create(known.ProgId());
+        IDispatch* last = made.Detach();
+        Expect(last->Release() == 0, known.name + " is held by somebody");
+    }
+    Expect(CanUnload(), "the component is still held");
+}
+
+void AnObjectIsTheSameEachTime() {
+    const Ref<Object> report = CreateObject("QORArApRpt.Rpt10522");
+    const ComPtr<IDispatch> first = DispatchIn(report->Get("Result")),
+                            second = DispatchIn(report->Get("Result"));
+    Expect(first.Get() == second.Get(), "two readings answer two objects");
+    ComPtr<IUnknown> one, other;
+    ComPtr<ISupportErrorInfo> information;
+    Expect(SUCCEEDED(first->QueryInterface(IID_PPV_ARGS(&information))), "no error information");
+    first->QueryInterface(IID_PPV_ARGS(&one));
+    information->QueryInterface(IID_PPV_ARGS(&other));
+    Expect(one.Get() == other.Get(), "two identities of one object");
+}
+
+void WhatComesFromOutsideGoesBackAsItself() {
+    const Ref<Dictionary> filter = MakeRef<OrderedDictionary>();
+    const ComPtr<IDispatch> sent = Outward(filter.get());
+    const ULONG before = ReferencesOf(sent.Get());
+    {
+        const Ref<Object> report = CreateObject("QORArApRpt.Rpt10522");
+        report->Put("Filter", Value(filter));
+        Expect(ReferencesOf(sent.Get()) > before, "the report does not keep its filter");
+        Expect(DispatchIn(report->Get("Filter")).Get() == sent.Get(), "another filter comes back");
+        report->Put("Filter", Value::Nothing());
+        Expect(ReferencesOf(sent.Get()) == before, "a filter taken away is still held");
+        report->Put("Filter", Value(filter));
+    }
+    Expect(ReferencesOf(sent.Get()) == before, "a report that went holds its filter");
+    Expect(CanUnload(), "the component is still held");
+}
+
+void OneOfOursComesHomeAsItself() {
+    const Ref<Object> report = CreateObject("QORArApRpt.Rpt10522");
+    const Value result = report->Get("Result");
+    report->Put("Filter", result);
+    Expect(DispatchIn(report->Get("Filter")).Get() == DispatchIn(result).Get(), "it came home as another");
+    ObjectIn(report->Get("Filter")).Put("Value", "Mark", "here");
+    Expect(report->Get("Result", "Mark") == Value("here"), "it is not the same dictionary");
+}
+
+std::size_t PrivateBytes() {
+    PROCESS_MEMORY_COUNTERS counters{};
+    counters.cb = sizeof counters;
+    K32GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+    return counters.WorkingSetSize;
+}
+
+void CreateAndUse(int times) {
+    for (int i = 0; i < times; ++i) {
+        const Ref<Object> report = CreateObject("QORArApRpt.Rpt10522");
+        Expect(report->Get("Property", "Name") == Value("收入类别明细表"), "another report");
+    }
+}
+
+void TenThousandCreationsLeaveMemoryFlat() {
+    CreateAndUse(1000);
+    const std::size_t before = PrivateBytes();
+    CreateAndUse(10000);
+    const std::size_t after = PrivateBytes();
+    Expect(after < before + 512 * 1024, "memory grew by " + std::to_string(after - before) + " bytes");
+    Expect(CanUnload(), "the component is still held");
+}
+
+void TheLibraryGoesWhenNobodyUsesIt() {
+    { CreateObject("QORArApRpt.Rpt10530")->Call("GetReportData"); }
+    Expect(GetModuleHandleW(L"QORArApRpt.dll"), "the component is not loaded");
+    Expect(CanUnload(), "the component is still held");
+    CoFreeUnusedLibrariesEx(0, 0);
+    CoFreeUnusedLibrariesEx(0, 0);
+    Expect(!GetModuleHandleW(L"QORArApRpt.dll"), "the library stays");
+    CreateObject("QORArApRpt.Rpt10530")->Call("GetReportData");  // and comes again
+}
+
+void ALockKeepsTheLibrary() {
+    CLSID id;
+    CLSIDFromProgID(L"QORArApRpt.Bar", &id);
+    ComPtr<IClassFactory> factory;
+    Expect(SUCCEEDED(CoGetClassObject(id, CLSCTX_INPROC_SERVER, nullptr, IID_PPV_ARGS(&factory))),
+           "no class object");
+    factory->LockServer(TRUE);
+    factory.Reset();
+    Expect(!CanUnload(), "a locked component would go");
+    ComPtr<IClassFactory> again;
+    CoGetClassObject(id, CLSCTX_INPROC_SERVER, nullptr, IID_PPV_ARGS(&again));
+    again->LockServer(FALSE);
+    again.Reset();
+    Expect(CanUnload(), "the component is still held");
+}
+
+constexpr HostCheck kChecks[] = {
+    {"EveryClassCanBeCreated", EveryClassCanBeCreated},
+    {"AnObjectIsTheSameEachTime", AnObjectIsTheSameEachTime},
+    {"WhatComesFromOutsideGoesBackAsItself", WhatComesFromOutsideGoesBackAsItself},
+    {"OneOfOursComesHomeAsItself", OneOfOursComesHomeAsItself},
+    {"TenThousandCreationsLeaveMemoryFlat", TenThousandCreationsLeaveMemoryFlat},
+    {"TheLibraryGoesWhenNobodyUsesIt", TheLibraryGoesWhenNobodyUsesIt},
+    {"ALockKeepsTheLibrary", ALockKeepsTheLibrary},
+};
+
+}  // namespace
+
+std::span<const HostCheck> LifeChecks() { return kChecks; }
+
+}  // namespace qor::host

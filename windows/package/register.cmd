@@ -1,0 +1,22 @@
+@echo off
+rem Makes the component known to this machine's hosts, or, where that is denied, to this user's.
+rem   register.cmd        registers
+rem   register.cmd /u     takes everything back
+setlocal
+cd /d "%~dp0"
+set failed=0
+if /i "%PROCESSOR_ARCHITECTURE%"=="x86" if not defined PROCESSOR_ARCHITEW6432 goto only32
+
+"%SystemRoot%\System32\regsvr32.exe" /s %1 x64\QORArApRpt.dll
+if errorlevel 1 set failed=1
+if exist "%SystemRoot%\SysWOW64\regsvr32.exe" "%SystemRoot%\SysWOW64\regsvr32.exe" /s %1 x86\QORArApRpt.dll
+if errorlevel 1 set failed=1
+goto done
+
+:only32
+"%SystemRoot%\System32\regsvr32.exe" /s %1 x86\QORArApRpt.dll
+if errorlevel 1 set failed=1
+
+:done
+if %failed%==0 (echo done) else (echo failed)
+exit /b %failed%
