@@ -22,21 +22,21 @@ ComPtr<IClassFactory> ClassObjectOf(const wchar_t* name) {
     return factory;
 }
 
-Ref<Object> CreateBy(IClassFactory& factory) {
-    ComPtr<IDispatch> made;
-    if (FAILED(factory.CreateInstance(nullptr, IID_PPV_ARGS(&made)))) Raise(Automation::CannotCreate);
-    return Inward(made.Get());
+HRESULT CreateBy(IClassFactory& factory, Ref<Object>& made) {
+    ComPtr<IDispatch> dispatch;
+    const HRESULT result = factory.CreateInstance(nullptr, IID_PPV_ARGS(&dispatch));
+    if (SUCCEEDED(result)) made = Inward(dispatch.Get());
+    return result;
 }
 
-Ref<Object> CreateByName(std::string_view name) {
-    CLSID id;
-    ComPtr<IDispatch> made;
-    if (FAILED(CLSIDFromProgID(Wide(name).c_str(), &id)) ||
-        FAILED(CoCreateInstance(id, nullptr, CLSCTX_ALL, IID_PPV_ARGS(&made)))) {
-        Raise(Automation::CannotCreate);
-    }
-    return Inward(made.Get());
+Ref<Object> CreateFoundation(IClassFactory& factory) {
+    Ref<Object> made;
+    if (FAILED(CreateBy(factory, made))) Raise(Automation::CannotCreate);
+    return made;
 }
+
+/// A server in a process of its own may have gone, and its class object with it.
+bool IsGone(HRESULT result) { return FAILED(result) && HRESULT_FACILITY(result) == FACILITY_RPC; }
 
 }  // namespace
 
@@ -48,6 +48,19 @@ WindowsPlatform::WindowsPlatform()
 Ref<Object> WindowsPlatform::CreateComponent(std::string_view name) {
     if (Ref<Object> own = CreateReportClass(ComponentProcess(), name)) return own;
     return CreateByName(name);
+}
+
+Ref<Object> WindowsPlatform::CreateByName(std::string_view name) {
+    // Most of a creation is the search for the class.
+    ComPtr<IClassFactory>& known = classObjects_[std::string(name)];
+    Ref<Object> made;
+    HRESULT result = known ? CreateBy(*known.Get(), made) : REGDB_E_CLASSNOTREG;
+    if (!known || IsGone(result)) {
+        known = ClassObjectOf(Wide(name).c_str());
+        result = known ? CreateBy(*known.Get(), made) : REGDB_E_CLASSNOTREG;
+    }
+    if (FAILED(result)) Raise(Automation::CannotCreate);
+    return made;
 }
 
 Date WindowsPlatform::Now() {
@@ -68,12 +81,12 @@ Ref<Object> WindowsPlatform::ProcessBag() {
 
 Ref<Dictionary> WindowsPlatform::NewDictionary() {
     if (!dictionaries_) return Platform::NewDictionary();
-    return MakeRef<LateBoundDictionary>(CreateBy(*dictionaries_.Get()));
+    return MakeRef<LateBoundDictionary>(CreateFoundation(*dictionaries_.Get()));
 }
 
 Ref<Vector> WindowsPlatform::NewVector() {
     if (!vectors_) return Platform::NewVector();
-    return MakeRef<LateBoundVector>(CreateBy(*vectors_.Get()));
+    return MakeRef<LateBoundVector>(CreateFoundation(*vectors_.Get()));
 }
 
 std::unique_ptr<PlainFrame> WindowsPlatform::NewPlainFrame(PlainFrameHost& form) {

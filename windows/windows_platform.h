@@ -1,6 +1,9 @@
 // WindowsPlatform: the library's surroundings inside a host's process on Windows.
 #pragma once
 
+#include <string>
+#include <unordered_map>
+
 #include "frames/file_scheme_store.h"
 #include "platform/platform.h"
 #include "windows/handles.h"
@@ -24,8 +27,11 @@ class WindowsPlatform final : public Platform {
     std::unique_ptr<SchemeFrame> NewSchemeFrame(SchemeFrameHost& form) override;
 
  private:
+    Ref<Object> CreateByName(std::string_view name);
+
     NativeWindows windows_;
     FileSchemeStore schemes_;
+    std::unordered_map<std::string, ComPtr<IClassFactory>> classObjects_;  // of servers that were created
     // The class objects of the foundation library, asked for once; null where it is not registered.
     ComPtr<IClassFactory> dictionaries_;
     ComPtr<IClassFactory> vectors_;

@@ -24,9 +24,9 @@ struct Variant : VARIANT {
         vt = VT_BSTR;
         bstrVal = SysAllocString(text.c_str());
     }
-    Variant(const Variant& other) : Variant() { VariantCopy(this, &other); }
+    Variant(const Variant& other) : Variant() { VariantCopy(this, const_cast<Variant*>(&other)); }
     Variant& operator=(const Variant& other) {
-        VariantCopy(this, &other);
+        VariantCopy(this, const_cast<Variant*>(&other));
         return *this;
     }
     ~Variant() { VariantClear(this); }

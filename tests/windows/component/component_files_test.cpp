@@ -1,6 +1,8 @@
 // What the linked components export and import, as the linker wrote it.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
 #include <regex>
 #include <set>
 
@@ -16,7 +18,8 @@ Names Found(const std::string& text, const char* pattern) {
     const std::regex expression(pattern);
     for (std::sregex_iterator found(text.begin(), text.end(), expression), end; found != end; ++found) {
         std::string name = (*found)[1];
-        std::ranges::transform(name, name.begin(), [](unsigned char c) { return std::tolower(c); });
+        std::ranges::transform(name, name.begin(),
+                               [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
         names.insert(name);
     }
     return names;
@@ -63,7 +66,7 @@ INSTANTIATE_TEST_SUITE_P(
     Of, ComponentFile,
     testing::Values(Width{"For64BitHosts", "x86_64-w64-mingw32-objdump", "build-windows64", "pei-x86-64"},
                     Width{"For32BitHosts", "i686-w64-mingw32-objdump", "build-windows32", "pei-i386"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& given) { return std::string(given.param.name); });
 
 }  // namespace
 }  // namespace qor::component

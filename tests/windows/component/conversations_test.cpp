@@ -124,7 +124,7 @@ std::string PlayPortably(const fs::path& folder, Json conversation, std::int64_t
     return RunCommand("'" QORVIEW_PROGRAM "' play '" + (folder / "portable.json").string() + "'").output;
 }
 
-void ExpectTheSame(const std::string& name) {
+Played ExpectTheSame(const std::string& name) {
     const fs::path folder = TestFolder(name);
     const Json conversation =
         ForHosts(ReadJson(fs::path(QOR_SOURCE_DIR) / "tests/goldens" / (name + ".json")));
@@ -135,6 +135,7 @@ void ExpectTheSame(const std::string& name) {
     EXPECT_EQ(SeenFromOutside(played.transcript), SeenFromOutside(expected));
     EXPECT_EQ(NeverReleased(played.transcript), (std::map<std::string, int>()));
     EXPECT_EQ(played.end, Json({{"event", "end"}, {"component-can-go", true}}));
+    return played;
 }
 
 class Conversation : public testing::TestWithParam<const char*> {};
@@ -171,6 +172,16 @@ constexpr const char* kConversations[] = {
     "10532/plain_run", "10532/drill_down",
 };
 // clang-format on
+
+/// With the foundation library's own dictionaries and lists in the registry, reports use those.
+TEST(FoundationLibrary, ItsObjectsAreUsedWhereItIsRegistered) {
+    ASSERT_EQ(RunUnderWine(BuiltFolder(), "regsvr32 /s /n /i:foundation qor_stage.dll").status, 0);
+    for (const char* name : {"10522/plain_run", "10503/drill_down", "10530/plain_run"}) {
+        const Played played = ExpectTheSame(name);
+        EXPECT_NE(played.transcript.find("\"event\":\"foundation\""), std::string::npos) << name;
+    }
+    EXPECT_EQ(RunUnderWine(BuiltFolder(), "regsvr32 /s /u /n /i:foundation qor_stage.dll").status, 0);
+}
 
 INSTANTIATE_TEST_SUITE_P(Of, Conversation, testing::ValuesIn(kConversations), NameOf);
 

@@ -19,20 +19,14 @@ std::string ReadText(const fs::path& file) {
     return text.str();
 }
 
-/// A server with two rows, and a user who sets the dates and confirms.
-constexpr const char *kConversation = R"({
-  "components": { "QORMArApRpt.Data": { "GetRpt10522Data": { "recordset": {
-    "fields": ["FName", "FAmount"],
-    "rows": [["A", 128.5], ["B", 7]] } } } },
-  "steps": [ { "user": [ { "dialog": "frmFilter10522", "do": [
-    { "text": "txtItem(0)",
-                     "to" : "01"
-}, { "click": "cmdOK" } ]
-} ]
-} ]
-})";
+/// A server with two rows, and a user who fills one box and confirms.
+constexpr const char* kConversation =
+    "{\"components\": {\"QORMArApRpt.Data\": {\"GetRpt10522Data\": {\"recordset\": {"
+    "\"fields\": [\"FName\", \"FAmount\"], \"rows\": [[\"A\", 128.5], [\"B\", 7]]}}}},"
+    " \"steps\": [{\"user\": [{\"dialog\": \"frmFilter10522\", \"do\": ["
+    "{\"text\": \"txtItem(0)\", \"to\": \"01\"}, {\"click\": \"cmdOK\"}]}]}]}";
 
-std::string Run(const std::string& name, const std::string& commandLine) {
+std::string RunExample(const std::string& name, const std::string& commandLine) {
     const fs::path folder = TestFolder("examples/" + name);
     std::ofstream(folder / "conversation.json") << kConversation;
     setenv("QOR_STAGE", WindowsPath(folder / "conversation.json").c_str(), 1);
@@ -43,14 +37,15 @@ std::string Run(const std::string& name, const std::string& commandLine) {
 }
 
 TEST(Examples, TheScriptHostPrintsTheRows) {
-    const std::string output =
-        Run("script", "cscript //nologo '" + WindowsPath(kSource / "windows/examples/script_host.vbs") + "'");
+    const std::string output = RunExample(
+        "script", "cscript //nologo '" + WindowsPath(kSource / "windows/examples/script_host.vbs") + "'");
     EXPECT_NE(output.find("A\t128.5\t\n"), std::string::npos) << output;
     EXPECT_NE(output.find("B\t7\t\n"), std::string::npos) << output;
 }
 
 TEST(Examples, TheCppHostPrintsTheRows) {
-    const std::string output = Run("cpp", "'" + (BuiltFolder() / "windows_example.exe").string() + "'");
+    const std::string output =
+        RunExample("cpp", "'" + (BuiltFolder() / "windows_example.exe").string() + "'");
     EXPECT_NE(output.find("A\t128.5\t\n"), std::string::npos) << output;
     EXPECT_NE(output.find("B\t7\t\n"), std::string::npos) << output;
 }

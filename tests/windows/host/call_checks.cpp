@@ -1,5 +1,9 @@
 // Late-bound calls as hosts make them: by name, by reference, failing in the middle, and heard as events.
 #include <ocidl.h>
+#include <olectl.h>
+
+#include <algorithm>
+#include <functional>
 
 #include "platform/dictionary.h"
 #include "tests/windows/host/host_checks.h"
@@ -118,11 +122,10 @@ class FailingDictionary final : public IDispatch {
     STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
         const std::string name = windows::Narrow(names[0]);
-        for (const auto& known : {"Lookup", "Value", "Count", "Name"}) {
-            ++*ids;
-            if (name == known) return *ids = known[0], S_OK;
-        }
-        return *ids = DISPID_UNKNOWN, DISP_E_UNKNOWNNAME;
+        constexpr std::string_view kNames[] = {"Lookup", "Value", "Count", "Name"};
+        const auto found = std::ranges::find(kNames, name);
+        *ids = found == std::end(kNames) ? DISPID_UNKNOWN : static_cast<DISPID>(found - kNames + 1);
+        return *ids == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
     }
     STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO* info,
                         UINT*) override {

@@ -3,6 +3,7 @@
 
 #include "platform/dictionary.h"
 #include "tests/windows/host/host_checks.h"
+#include "windows/class_factory.h"
 #include "windows/types/class_ids.h"
 
 namespace qor::host {
@@ -83,7 +84,30 @@ void CreateAndUse(int times) {
     }
 }
 
+/// A server that answers everything with nothing and remembers nothing.
+class SilentServer final : public Object {
+ public:
+    std::string_view ClassName() const override { return "Server"; }
+    MemberId FindMember(std::string_view) override { return 0; }
+    Value Invoke(MemberId, InvokeKind, Arguments) override { return {}; }
+};
+
+/// From here on this process's creations of server components get silent ones.
+void ServeSilently() {
+    for (const wchar_t* name :
+         {L"QOREBSBase.SystemProfile", L"QORMtsCacheService.CacheFacade", L"QORPropsMgr.ShareProps"}) {
+        CLSID id;
+        ComPtr<IClassFactory> factory;
+        DWORD cookie = 0;
+        Expect(SUCCEEDED(CLSIDFromProgID(name, &id)), "a server is not registered");
+        windows::AnswerFactory([]() -> Ref<Object> { return MakeRef<SilentServer>(); }, IID_IClassFactory,
+                               reinterpret_cast<void**>(&factory));
+        CoRegisterClassObject(id, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie);
+    }
+}
+
 void TenThousandCreationsLeaveMemoryFlat() {
+    ServeSilently();
     CreateAndUse(1000);
     const std::size_t before = PrivateBytes();
     CreateAndUse(10000);

@@ -94,12 +94,10 @@ Stage& Stage::Current() {
 }
 
 void Stage::UseAllDialogs() {
-    Json entries = Json::array();
     for (const Json& step : file_["steps"]) {
-        if (step.contains("user")) entries.insert(entries.end(), step["user"].begin(), step["user"].end());
+        if (step.contains("user")) entries_.insert(entries_.end(), step["user"].begin(), step["user"].end());
     }
-    file_["entries"] = entries;
-    user_.Begin(&file_["entries"], 0);
+    user_.Begin(&entries_, 0);
 }
 
 Stage::Stage() : server_{transcript_, names_, Today()}, user_(transcript_) {

@@ -27,6 +27,10 @@ class Stage final : public TableObject {
 
     /// A server component of the conversation; nothing where it has none of that name.
     Ref<Object> CreateComponent(std::string_view name);
+    /// Somebody made an object of the foundation library.
+    void FoundationUsed() {
+        if (!std::exchange(foundationUsed_, true)) transcript_.Add("foundation");
+    }
 
     // What scripts call. Steps are counted from 0.
     void Open(const std::string& file);
@@ -49,9 +53,11 @@ class Stage final : public TableObject {
     const viewer::Json& At(std::int32_t step) const { return file_["steps"][static_cast<std::size_t>(step)]; }
 
     viewer::Json file_;
+    viewer::Json entries_ = viewer::Json::array();  // of all dialogs, where no script plays the steps
     viewer::Transcript transcript_;
     viewer::ObjectNames names_;
     viewer::Server server_;
+    bool foundationUsed_ = false;
     DialogUser user_;
     Ref<viewer::ShellBag> bag_;
     windows::ComPtr<IDispatch> shownBag_;  // kept here: those who use the bag do not count on it

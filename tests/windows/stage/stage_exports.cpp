@@ -39,8 +39,11 @@ constexpr ComponentId IdOf(std::uint32_t number) {
 
 Ref<Object> Make(std::string_view name) {
     if (name == kStageName) return MakeRef<Stage>();
-    if (name == kFoundation[0]) return MakeRef<OrderedDictionary>();
-    if (name == kFoundation[1]) return MakeRef<ArrayVector>();
+    if (name == kFoundation[0] || name == kFoundation[1]) {
+        Stage::Current().FoundationUsed();
+        return name == kFoundation[0] ? Ref<Object>(MakeRef<OrderedDictionary>())
+                                      : Ref<Object>(MakeRef<ArrayVector>());
+    }
     Ref<Object> made = Stage::Current().CreateComponent(name);
     if (!made) Raise(Automation::CannotCreate);
     return made;
