@@ -92,12 +92,26 @@ void FormWindow::PlaceOver(HWND owner) {
                  within(area.top + (area.bottom - area.top - size.cy) / 2, size.cy, screen.rcWork.top,
                         screen.rcWork.bottom),
                  size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+    FitClientArea();
+}
+
+/// Not every version of the system scales the frame of a window with its monitor.
+void FormWindow::FitClientArea() {
+    const SIZE wanted{metrics_.Pixels(form_.size().width), metrics_.Pixels(form_.size().height)};
+    RECT client{}, frame{};
+    GetClientRect(handle(), &client);
+    GetWindowRect(handle(), &frame);
+    if (client.right == wanted.cx && client.bottom == wanted.cy) return;
+    SetWindowPos(handle(), nullptr, 0, 0, frame.right - frame.left + wanted.cx - client.right,
+                 frame.bottom - frame.top + wanted.cy - client.bottom,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void FormWindow::MoveToMonitorOf(int dotsPerInch, const RECT& place) {
     metrics_.SetDotsPerInch(dotsPerInch);
     const SIZE size = OuterSize();
     SetWindowPos(handle(), nullptr, place.left, place.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+    FitClientArea();
     for (const auto& drawn : controls_) {
         drawn->UpdateAll();
     }
@@ -185,6 +199,7 @@ void FormWindow::ControlChanged(Control& control, Change what) {
 void FormWindow::SizeChanged() {
     const SIZE size = OuterSize();
     SetWindowPos(handle(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    FitClientArea();
     for (const auto& drawn : controls_) {
         if (drawn->control().kind() != Control::Kind::Inert) continue;
         drawn->Update(Change::Items);

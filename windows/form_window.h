@@ -55,6 +55,7 @@ class FormWindow final : private FormView {
     void PlaceOver(HWND owner);
     void MoveToMonitorOf(int dotsPerInch, const RECT& place);
     SIZE OuterSize() const;
+    void FitClientArea();
     void ComeUp();
 
     ControlWindow* Find(HWND window) const;

@@ -180,8 +180,7 @@ class DateWindow final : public ControlWindow {
 
 class SpinWindow final : public ControlWindow {
  public:
-    SpinWindow(Spin& spin, const FormSurface& surface)
-        : ControlWindow(spin, surface, UPDOWN_CLASSW, UDS_ARROWKEYS) {}
+    SpinWindow(Spin& spin, const FormSurface& surface) : ControlWindow(spin, surface, UPDOWN_CLASSW, 0) {}
 
     LRESULT Notify(const NMHDR& header) override {
         if (header.code != static_cast<UINT>(UDN_DELTAPOS)) return 0;
@@ -196,11 +195,24 @@ class SpinWindow final : public ControlWindow {
         if (other.control().kind() == Control::Kind::Text &&
             other.control().container() == control().container() && box.top == own.top &&
             box.left + box.width == own.left) {
-            Send(UDM_SETBUDDY, reinterpret_cast<WPARAM>(other.handle()));
+            SetWindowSubclass(other.handle(), &SpinWindow::KeysOfBox, reinterpret_cast<UINT_PTR>(handle()),
+                              0);
         }
     }
 
  private:
+    /// Up and down in the box are presses of the arrows.
+    static LRESULT CALLBACK KeysOfBox(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR spin,
+                                      DWORD_PTR) {
+        if (message != WM_KEYDOWN || (wParam != VK_UP && wParam != VK_DOWN)) {
+            return DefSubclassProc(box, message, wParam, lParam);
+        }
+        const auto arrows = reinterpret_cast<HWND>(spin);
+        NMUPDOWN press{{arrows, 0, static_cast<UINT>(UDN_DELTAPOS)}, 0, wParam == VK_UP ? 1 : -1};
+        SendMessageW(GetParent(box), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&press));
+        return 0;
+    }
+
     void Show(Change) override {
         const auto& spin = static_cast<Spin&>(control());
         Send(UDM_SETRANGE32, static_cast<WPARAM>(spin.min()), spin.max());

@@ -86,13 +86,5 @@ TEST(FormWindow, AnArrowKeyMovesTheNumberBesideASpin) {
     });
 }
 
-TEST(FormWindow, ADateIsTypedDigitByDigit) {
-    SchemeUser user("Rpt10522");
-    user.Show([](Person& person) {
-        person.Type("DtpBDate", "2019");
-        EXPECT_EQ(person.Reads("DtpBDate"), "2019-09-01");
-    });
-}
-
 }  // namespace
 }  // namespace qor::windows
