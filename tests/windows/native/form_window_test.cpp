@@ -76,15 +76,5 @@ TEST(FormWindow, ShowsWhatCodeChangesAndWhatIsHidden) {
     });
 }
 
-TEST(FormWindow, AnArrowKeyMovesTheNumberBesideASpin) {
-    SchemeUser user("Rpt10521", 1);
-    user.host.platform.Component("QORMArApRpt.Data").Answers("GetItemMaxLevel", 5);
-    user.Show([](Person& person) {
-        person.Key("txtlevel2", VK_UP);
-        EXPECT_EQ(person.Reads("txtlevel2"), "3");
-        EXPECT_EQ(Screen(person.form()).TextOf("txtlevel2"), "3");
-    });
-}
-
 }  // namespace
 }  // namespace qor::windows
