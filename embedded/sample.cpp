@@ -15,7 +15,8 @@ namespace {
 
 constexpr int kYearsBack = 3;
 
-void WriteProfile(Database& database, int startYear, const CalendarTime& today) {
+void WriteProfile(Database& database, int startYear, Date lastDay) {
+    const CalendarTime today = ToCalendar(lastDay);
     Statement entry(database, "INSERT INTO t_SystemProfile VALUES(?,?,?)");
     entry.With("IC", "StartYear", std::to_string(startYear)).Run();
     entry.With("IC", "StartPeriod", "1").Run();
@@ -23,6 +24,7 @@ void WriteProfile(Database& database, int startYear, const CalendarTime& today) 
     entry.With("IC", "CurrentPeriod", std::to_string(today.month)).Run();
     entry.With("IC", "UseShortNumber", "1").Run();
     entry.With("Base", "CompanyName", "示例商贸有限公司").Run();
+    entry.With("Base", "Today", ToText(lastDay)).Run();
     entry.With("Base", "DisplayDeleted", "1").Run();
     entry.With("Base", "NeedAuthrize", "1").Run();
     entry.With("Base", "AuthrizeItemClassList", "1,8").Run();
@@ -36,7 +38,7 @@ void WriteAccountSet(Database& database, const SampleOptions& options, const Sam
                           .bills = options.bills};
     Dice dice(options.seed);
     CreateTables(database);
-    WriteProfile(database, startYear, today);
+    WriteProfile(database, startYear, options.today);
     WritePeriods(database, startYear, today.year + 1);
     SampleFirm firm = MakeSampleFirm(database, dice, options.bills);
     MakeSampleBills(database, dice, firm, span, [&](double made) {

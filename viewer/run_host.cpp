@@ -22,7 +22,9 @@ std::int32_t RunHost::Windows::MessageBox(std::string_view text, std::string_vie
 }
 
 RunHost::RunHost(MiddleTier& middleTier, SchemeStore& schemes, std::ostream& messages)
-    : middleTier_(middleTier), schemes_(schemes), windows_(messages), bag_(MakeRef<OrderedDictionary>()) {}
+    : middleTier_(middleTier), schemes_(schemes), windows_(messages), bag_(MakeRef<OrderedDictionary>()) {
+    if (const auto day = middleTier_.accountSet().Profile("Base", "Today")) booksToday_ = ToDate(*day);
+}
 
 Ref<Object> RunHost::CreateComponent(std::string_view name) {
     if (Ref<Object> own = CreateReportClass(process_, name)) return own;
@@ -31,6 +33,7 @@ Ref<Object> RunHost::CreateComponent(std::string_view name) {
 }
 
 Date RunHost::Now() {
+    if (booksToday_) return *booksToday_;
     const std::time_t now = std::time(nullptr);
     std::tm local{};
     localtime_r(&now, &local);
