@@ -1,6 +1,7 @@
 #include "embedded/account_set.h"
 
 #include "embedded/schema.h"
+#include "platform/conversions.h"
 
 namespace qor {
 
@@ -61,8 +62,14 @@ std::int32_t AccountSet::DeepestLevel(std::int32_t itemClass) {
     return static_cast<std::int32_t>(deepest.Int(0));
 }
 
+std::optional<std::int64_t> AccountSet::OwnToday() {
+    if (today_) return today_;
+    const auto day = Profile("Base", "Today");
+    return day ? std::optional(static_cast<std::int64_t>(ToDate(*day).serial)) : std::nullopt;
+}
+
 std::int64_t AccountSet::Today() {
-    if (today_) return *today_;
+    if (const auto day = OwnToday()) return *day;
     constexpr std::string_view kDaysSinceDayZero =
         "SELECT CAST(julianday('now','localtime','start of day') - julianday('1899-12-30') AS INTEGER)";
     Statement day(database_, kDaysSinceDayZero);

@@ -27,7 +27,9 @@ class AccountSet {
     bool HasAllRights(std::int32_t user);
     /// The deepest level of an item class, categories and items alike; 0 where it has none.
     std::int32_t DeepestLevel(std::int32_t itemClass);
-    /// The day on which the books are looked at: the clock's, unless another one was set.
+    /// The day that the books themselves take for today: the one that was set, or that their profile names.
+    std::optional<std::int64_t> OwnToday();
+    /// The day on which the books are looked at: their own, or the clock's where they have none.
     std::int64_t Today();
     void SetToday(std::int64_t day) { today_ = day; }
 

@@ -22,9 +22,7 @@ std::int32_t RunHost::Windows::MessageBox(std::string_view text, std::string_vie
 }
 
 RunHost::RunHost(MiddleTier& middleTier, SchemeStore& schemes, std::ostream& messages)
-    : middleTier_(middleTier), schemes_(schemes), windows_(messages), bag_(MakeRef<OrderedDictionary>()) {
-    if (const auto day = middleTier_.accountSet().Profile("Base", "Today")) booksToday_ = ToDate(*day);
-}
+    : middleTier_(middleTier), schemes_(schemes), windows_(messages), bag_(MakeRef<OrderedDictionary>()) {}
 
 Ref<Object> RunHost::CreateComponent(std::string_view name) {
     if (Ref<Object> own = CreateReportClass(process_, name)) return own;
@@ -33,7 +31,7 @@ Ref<Object> RunHost::CreateComponent(std::string_view name) {
 }
 
 Date RunHost::Now() {
-    if (booksToday_) return *booksToday_;
+    if (const auto day = middleTier_.accountSet().OwnToday()) return Date{static_cast<double>(*day)};
     const std::time_t now = std::time(nullptr);
     std::tm local{};
     localtime_r(&now, &local);
@@ -52,12 +50,14 @@ std::unique_ptr<SchemeFrame> RunHost::NewSchemeFrame(SchemeFrameHost& form) {
 }
 
 Ref<Object> RunHost::Run(const RunRequest& request) {
-    if (!FindReport(request.number)) {
-        throw RunFailure(kWrongRequest,
-                         "no report " + std::to_string(request.number) + "; `qorview list` names them");
+    const std::string number = std::to_string(request.number);
+    const ReportEntry* entry = FindReport(request.number);
+    if (!entry) throw RunFailure(kWrongRequest, "no report " + number + "; `qorview list` names them");
+    if (request.drillRow && entry->description.detailRptID == 0) {
+        throw RunFailure(kWrongRequest, number + " opens no detail report, so --drill has no meaning here");
     }
     if (request.appType) bag_->Put("AppType", *request.appType);
-    const Ref<Object> report = CreateComponent("QORArApRpt.Rpt" + std::to_string(request.number));
+    const Ref<Object> report = CreateComponent("QORArApRpt.Rpt" + number);
 
     bool dialogCameUp = false;
     windows_.user = [&](Form& form) {

@@ -71,7 +71,6 @@ class RunHost final : public Platform {
     void CheckOutcome(Object& report, std::string_view step) const;
 
     MiddleTier& middleTier_;
-    std::optional<Date> booksToday_;  // the day that the account set takes for today, where it says one
     SchemeStore& schemes_;
     Windows windows_;
     Ref<Dictionary> bag_;

@@ -30,7 +30,7 @@ class RunCommand : public testing::Test {
  protected:
     static void SetUpTestSuite() {
         home_ = new test::TempFolder;
-        MakeSample(*home_ / "sample.db", {.bills = 1500});
+        MakeSample(*home_ / "sample.db", {.bills = 20000});
     }
     static void TearDownTestSuite() {
         delete home_;
@@ -116,8 +116,8 @@ TEST_F(RunCommand, MistakesSayWhatWasExpected) {
              Row{"10507 --set CheckState=1", 2, "asks for no filter"},
              Row{"10522 --format pdf", 2, "--format"},
              Row{"10522 --account-set /nowhere.db", 1, "/nowhere.db"},
-             Row{"10522 --scheme 月末", 2, "月末"},
-             Row{"10522 --drill 0", 2, "10522"},
+             Row{"10522 --scheme 月末", 1, "月末"},
+             Row{"10522 --drill 0", 2, "10522 opens no detail report"},
              Row{"10503 --drill 100000", 1, "qorview run: "},
          }) {
         const Told told = Run(row.arguments);
