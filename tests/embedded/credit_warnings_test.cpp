@@ -157,12 +157,21 @@ TEST(CreditWarnings, ABillWithoutADueDateIsDueAfterThePartysCreditDays) {
     EXPECT_EQ(Cents(*rows, "FOverDate"), 500);
 }
 
-TEST(CreditWarnings, TodayIsTheClocksUnlessADayWasSet) {
-    AccountSet set(test::SampleFile());
-    EXPECT_GT(set.Today(), 45838) << "the sample firm is of the past";
+TEST(CreditWarnings, TodayIsTheDaySetThenTheBooksOwnThenTheClocks) {
+    const test::TempFolder folder;
+    std::filesystem::copy_file(test::SampleFile(), folder / "books.db");
+    {
+        AccountSet set(folder / "books.db");
+        EXPECT_EQ(set.Today(), 45838) << "a sample firm lives on its last day";
+        set.SetToday(kToday);
+        EXPECT_EQ(set.Today(), kToday);
+    }
+    Database(folder / "books.db", Database::Mode::Create)
+        .Run("DELETE FROM t_SystemProfile WHERE FKey='Today'");
+    AccountSet set(folder / "books.db");
+    EXPECT_EQ(set.OwnToday(), std::nullopt);
+    EXPECT_GT(set.Today(), 45838);
     EXPECT_LT(set.Today(), 100000);
-    set.SetToday(kToday);
-    EXPECT_EQ(set.Today(), kToday);
 }
 
 TEST(CreditWarnings, ARunOfTheReportReachesTheHostWithTheUsersRights) {
