@@ -4,7 +4,7 @@ set(dialog_sources control_window.cpp dialog_metrics.cpp drop_down.cpp form_keys
     grid_window.cpp handles.cpp named_schemes.cpp native_windows.cpp scheme_name_form.cpp simple_windows.cpp
     value_windows.cpp)
 add_library(qor_native_dialogs STATIC ${dialog_sources})
-target_compile_options(qor_native_dialogs PUBLIC -include ${CMAKE_CURRENT_SOURCE_DIR}/prelude.h)
+begin_with_prelude(qor_native_dialogs <platform/form.h>)
 target_link_libraries(qor_native_dialogs PUBLIC qor_library comctl32 gdi32 ole32 oleaut32 uuid)
 
 # The test support of the project, with a person's hands on true windows.
@@ -12,10 +12,12 @@ set(root ${CMAKE_SOURCE_DIR})
 file(GLOB play_sources CONFIGURE_DEPENDS ${root}/tests/windows/native/*.cpp ${root}/tests/support/*.cpp)
 list(FILTER play_sources EXCLUDE REGEX "_test\\.cpp$")
 add_library(qor_native_play STATIC EXCLUDE_FROM_ALL ${play_sources})
+begin_with_prelude(qor_native_play)
 target_include_directories(qor_native_play PUBLIC ${root}/tests)
 target_link_libraries(qor_native_play PUBLIC qor_native_dialogs)
 
 add_executable(dialog_pictures EXCLUDE_FROM_ALL pictures/main.cpp pictures/window_picture.cpp)
+begin_with_prelude(dialog_pictures)
 target_link_libraries(dialog_pictures PRIVATE qor_native_play gdiplus)
 target_link_options(dialog_pictures PRIVATE -static -municode)
 
@@ -33,7 +35,7 @@ target_include_directories(qor_googletest SYSTEM PUBLIC ${googletest}/googletest
 target_compile_options(qor_googletest PRIVATE -w)
 
 file(GLOB native_tests CONFIGURE_DEPENDS ${root}/tests/windows/native/*_test.cpp)
-foreach(name dialogs/layout dialogs/multi_level_group dialogs/plain_dialog dialogs/plain_dialog_pickers dialogs/plain_dialog_schemes
+foreach(name dialogs/multi_level_group dialogs/plain_dialog dialogs/plain_dialog_pickers dialogs/plain_dialog_schemes
         dialogs/scheme_dialog dialogs/scheme_fields reports/arap/detail reports/arap/income_expense_detail
         reports/arap/summary reports/income/category_detail reports/income/category_summary_dialog
         reports/income/settlement_list reports/other/ageing_dialog
@@ -42,5 +44,6 @@ foreach(name dialogs/layout dialogs/multi_level_group dialogs/plain_dialog dialo
 endforeach()
 add_executable(qor_native_tests ${native_tests})
 target_compile_options(qor_native_tests PRIVATE -O0)
+begin_with_prelude(qor_native_tests <gmock/gmock.h> <gtest/gtest.h> <library.h> <windows/native/screen.h>)
 target_link_libraries(qor_native_tests PRIVATE qor_native_play qor_googletest)
 target_link_options(qor_native_tests PRIVATE -static -s)

@@ -2,45 +2,28 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <array>
-#include <cstdio>
 #include <fstream>
 #include <sstream>
 
 #include "support/temp_folder.h"
 #include "viewer/json.h"
+#include "viewer/program.h"
 
 namespace qor::viewer {
 namespace {
 
+using test::Outcome;
+using test::RunProgram;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-struct Outcome {
-    int status;
-    std::string out, errors;
-};
 
 Outcome PlayText(const std::string& text) {
     std::istringstream in(text);
     std::ostringstream out, errors;
     const int status = PlayConversation("-", in, out, errors);
     return {status, out.str(), errors.str()};
-}
-
-/// What the program itself says, its output and errors together.
-Outcome RunProgram(const std::string& arguments) {
-    std::FILE* pipe = popen((QORVIEW_PROGRAM " " + arguments + " 2>&1 </dev/null").c_str(), "r");
-    std::string said;
-    std::array<char, 4096> buffer{};
-    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
-        said.append(buffer.data(), count);
-    }
-    const int status = pclose(pipe);
-    return {WEXITSTATUS(status), said, ""};
 }
 
 std::ptrdiff_t LinesIn(const std::string& text) { return std::ranges::count(text, '\n'); }
@@ -110,28 +93,28 @@ TEST(Program, AMistakeInTheArgumentsGivesOneLineThatSaysWhatWasExpected) {
     for (const auto& [arguments, line] : kMistakes) {
         const Outcome outcome = RunProgram(arguments);
         EXPECT_EQ(outcome.status, 2) << arguments;
-        EXPECT_THAT(outcome.out, StartsWith(line)) << arguments;
-        EXPECT_EQ(LinesIn(outcome.out), 1) << outcome.out;
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_THAT(outcome.errors, StartsWith(line)) << arguments;
+        EXPECT_EQ(LinesIn(outcome.errors), 1) << outcome.errors;
     }
 }
 
 TEST(Program, AReportsNumberAloneRunsIt) {
     const test::TempFolder home;
-    setenv("QORVIEW_HOME", home.path().c_str(), 1);
     const std::string firm = (home / "firm.db").string();
-    RunProgram("sample " + firm + " --bills 300");
+    RunProgram("sample " + firm + " --bills 300", home.path());
     const std::string rest =
         " --account-set " + firm + " --format csv --columns all --set DtpBDate=2022-01-01";
     for (const char* number : {"10521", "10522", "10523", "10524"}) {
-        const Outcome outcome = RunProgram(number + rest);
-        EXPECT_EQ(outcome.status, 0) << outcome.out;
+        const Outcome outcome = RunProgram(number + rest, home.path());
+        EXPECT_EQ(outcome.status, 0) << outcome.errors;
         EXPECT_GT(LinesIn(outcome.out), 3) << number;
-        EXPECT_EQ(outcome.out, RunProgram("run " + (number + rest)).out);
+        EXPECT_EQ(outcome.out, RunProgram("run " + (number + rest), home.path()).out);
     }
-    EXPECT_THAT(RunProgram("10521" + rest + " --drill 0").out, HasSubstr("SR-")) << "the bills of a class";
+    EXPECT_THAT(RunProgram("10521" + rest + " --drill 0", home.path()).out, HasSubstr("SR-"))
+        << "the bills of a class";
     EXPECT_EQ(RunProgram("10499" + rest).status, 2);
     EXPECT_THAT(RunProgram("--help").out, HasSubstr("qorview run 10522"));
-    unsetenv("QORVIEW_HOME");
 }
 
 TEST(Program, HelpStandsForTheProgramAndForEachCommand) {

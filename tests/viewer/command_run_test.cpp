@@ -1,10 +1,7 @@
 // `qorview run` as people type it: every report on a sample firm, and each mistake.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <array>
-#include <cstdio>
 #include <nlohmann/json.hpp>
 #include <regex>
 #include <string>
@@ -12,18 +9,15 @@
 #include "embedded/sample.h"
 #include "library.h"
 #include "support/temp_folder.h"
+#include "viewer/program.h"
 
 namespace qor::viewer {
 namespace {
 
 namespace fs = std::filesystem;
+using test::Outcome;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-struct Told {
-    int status;
-    std::string out, errors;
-};
 
 /// A user's folder with a sample firm in it; schemes go there too.
 class RunCommand : public testing::Test {
@@ -37,21 +31,7 @@ class RunCommand : public testing::Test {
         home_ = nullptr;
     }
 
-    static Told Run(const std::string& arguments) {
-        const fs::path errors = *home_ / "errors.txt";
-        const std::string command = "QORVIEW_HOME='" + fs::path(*home_ / "").string() + "' " +
-                                    QORVIEW_PROGRAM + " " + arguments + " 2>'" + errors.string() +
-                                    "' </dev/null";
-        std::FILE* pipe = popen(command.c_str(), "r");
-        Told told{};
-        std::array<char, 4096> piece{};
-        while (const std::size_t length = std::fread(piece.data(), 1, piece.size(), pipe)) {
-            told.out.append(piece.data(), length);
-        }
-        told.status = WEXITSTATUS(pclose(pipe));
-        told.errors = test::ContentOf(errors);
-        return told;
-    }
+    static Outcome Run(const std::string& arguments) { return test::RunProgram(arguments, home_->path()); }
 
     static inline test::TempFolder* home_ = nullptr;
 };
@@ -65,7 +45,7 @@ int RowsIn(const std::string& out) {
 
 TEST_F(RunCommand, EveryReportHasFiguresOnTheSampleFirm) {
     for (const ReportEntry& report : Reports()) {
-        const Told told = Run(std::to_string(report.description.number));
+        const Outcome told = Run(std::to_string(report.description.number));
         EXPECT_EQ(told.status, 0) << told.errors;
         EXPECT_THAT(told.out, StartsWith(std::string(report.description.name) + "\n"));
         EXPECT_GT(RowsIn(told.out), 0) << told.out << told.errors;
@@ -80,7 +60,7 @@ TEST_F(RunCommand, EverySummaryOpensTheDetailOfItsFirstRow) {
     for (const ReportEntry& report : Reports()) {
         const ReportDescription& summary = report.description;
         if (summary.detailRptID == 0) continue;
-        const Told told = Run(std::to_string(summary.number) + " --drill 0");
+        const Outcome told = Run(std::to_string(summary.number) + " --drill 0");
         EXPECT_EQ(told.status, 0) << told.errors;
         EXPECT_THAT(told.out,
                     StartsWith(std::string(FindReport(summary.detailRptID)->description.name) + "\n"));
@@ -89,12 +69,12 @@ TEST_F(RunCommand, EverySummaryOpensTheDetailOfItsFirstRow) {
 }
 
 TEST_F(RunCommand, RunWithTheNumberIsTheSameAsTheNumberAlone) {
-    const auto untimed = [](const Told& told) { return told.out.substr(0, told.out.rfind(" in ")); };
+    const auto untimed = [](const Outcome& told) { return told.out.substr(0, told.out.rfind(" in ")); };
     EXPECT_EQ(untimed(Run("run 10524")), untimed(Run("10524")));
 }
 
 TEST_F(RunCommand, TheMachineFormatsHoldEveryRowUnrounded) {
-    const Told csv = Run("10522 --format csv");
+    const Outcome csv = Run("10522 --format csv");
     const auto json = nlohmann::json::parse(Run("10522 --format json").out);
     const int rows = RowsIn(Run("10522").out);
     EXPECT_EQ(std::count(csv.out.begin(), csv.out.end(), '\n'), rows + 1);
@@ -120,7 +100,7 @@ TEST_F(RunCommand, MistakesSayWhatWasExpected) {
              Row{"10522 --drill 0", 2, "10522 opens no detail report"},
              Row{"10503 --drill 100000", 1, "qorview run: "},
          }) {
-        const Told told = Run(row.arguments);
+        const Outcome told = Run(row.arguments);
         EXPECT_EQ(told.status, row.status) << row.arguments << "\n" << told.errors;
         EXPECT_THAT(told.errors, HasSubstr(row.told)) << row.arguments;
         EXPECT_EQ(told.out, "") << row.arguments;

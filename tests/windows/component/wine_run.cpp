@@ -3,22 +3,21 @@
 #include <sys/wait.h>
 
 #include <algorithm>
-#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
 
 namespace qor::component {
 
 namespace fs = std::filesystem;
 
+// Through a file: a pipe would stay open as long as anything lives that the command started.
 RunResult RunCommand(const std::string& command) {
-    RunResult result;
-    std::FILE* pipe = popen((command + " 2>&1").c_str(), "r");
-    if (!pipe) return {-1, "no process"};
-    char part[4096];
-    while (const std::size_t count = std::fread(part, 1, sizeof part, pipe)) {
-        result.output.append(part, count);
-    }
-    const int status = pclose(pipe);
-    result.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128;
+    const fs::path output = fs::path(QOR_BINARY_DIR) / "component-tests-output.txt";
+    const int status = std::system((command + " >'" + output.string() + "' 2>&1").c_str());
+    std::ifstream file(output, std::ios::binary);
+    RunResult result{WIFEXITED(status) ? WEXITSTATUS(status) : 128,
+                     {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()}};
     std::erase(result.output, '\r');
     return result;
 }
