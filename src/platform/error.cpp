@@ -18,6 +18,8 @@ std::string_view Describe(Automation error) {
             return "无效使用 Null";
         case Automation::InvalidPropertyValue:
             return "无效属性值";
+        case Automation::AlreadyShown:
+            return "窗体已经显示，不能再以模式窗体显示";
         case Automation::ObjectRequired:
             return "要求对象";
         case Automation::CannotCreate:

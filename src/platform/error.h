@@ -37,6 +37,7 @@ enum class Automation : std::int32_t {
     ObjectNotSet = 91,           // a member of no object
     InvalidUseOfNull = 94,       // Null where a value is needed
     InvalidPropertyValue = 380,  // a control does not take the value
+    AlreadyShown = 400,          // the form is on the screen already
     ObjectRequired = 424,        // a member of something that is no object
     CannotCreate = 429,          // no component of that name
     NoSuchMember = 438,          // the object has no such member

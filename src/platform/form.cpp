@@ -62,9 +62,15 @@ void Form::Load() {
 }
 
 void Form::ShowModal() {
+    if (visible_) Raise(Automation::AlreadyShown);
     Load();
     if (!BeforeShow()) return;
-    visible_ = true;
+    // Also where it could not be shown, it can be shown another time.
+    struct Showing {
+        explicit Showing(bool& flag) : visible(flag) { visible = true; }
+        ~Showing() { visible = false; }
+        bool& visible;
+    } const showing(visible_);
     windows_.RunModal(*this);
 }
 

@@ -51,6 +51,7 @@ class Form : public TableObject {
     bool IsLoaded() const { return loaded_; }
     bool IsVisible() const { return visible_; }
     /// Loads the form, unless it is loaded, and shows it modally; returns when it is hidden or unloaded.
+    /// Raises 400 for a form that is on the screen already.
     void ShowModal();
     void Hide();
     /// Ends the form's time on the screen; its members stay readable. Unloading twice is harmless.

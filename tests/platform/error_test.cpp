@@ -22,6 +22,7 @@ TEST(Error, OfAutomationHasNumberSourceAndDescription) {
         {Automation::ObjectNotSet, 91, "对象变量或 With 块变量未设置"},
         {Automation::InvalidUseOfNull, 94, "无效使用 Null"},
         {Automation::InvalidPropertyValue, 380, "无效属性值"},
+        {Automation::AlreadyShown, 400, "窗体已经显示，不能再以模式窗体显示"},
         {Automation::ObjectRequired, 424, "要求对象"},
         {Automation::CannotCreate, 429, "ActiveX 部件不能创建对象"},
         {Automation::NoSuchMember, 438, "对象不支持该属性或方法"},

@@ -38,6 +38,19 @@ TEST_F(FormTest, IsNotSeenWhereItIsEndedBeforeItsShow) {
     EXPECT_EQ(form->TakeTold(), (Log{"load", "before show"}));
 }
 
+TEST_F(FormTest, IsShownOnceAtATime) {
+    int shows = 0;
+    windows.user = [&](Form& shown) {
+        ++shows;
+        EXPECT_EQ(RaisedBy([&] { shown.ShowModal(); }), Automation::AlreadyShown);
+        EXPECT_TRUE(shown.IsVisible());
+        shown.Hide();
+    };
+    form->ShowModal();
+    form->ShowModal();
+    EXPECT_EQ(shows, 2);
+}
+
 TEST_F(FormTest, UnloadsOnceAndLoadsAgain) {
     form->Load();
     form->Unload();
