@@ -52,8 +52,10 @@ bool FormWindow::KeyDown(WPARAM pressed) {
 
 void FormWindow::Tab(ControlWindow* drawn, bool backwards) {
     if (drawn && drawn->TakeTab(backwards)) return;
+    if (drawn) drawn->FinishTyping();
     arrival_ = backwards ? Arrival::BackTab : Arrival::Tab;
     form_.MoveFocusByTab(backwards);
+    FocusMoved();  // also where it stays: the keyboard may have been let go
 }
 
 bool FormWindow::Mnemonic(wchar_t character) {

@@ -61,6 +61,7 @@ void FormWindow::Make(HWND owner) {
     (void)loaded;
     CreateWindowExW(kExtendedStyle, kClassName, Wide(form_.caption()).c_str(), kStyle, 0, 0, 0, 0, owner,
                     nullptr, ThisInstance(), this);
+    if (!handle()) Raise(Automation::CannotCreate);  // the system has no windows left
     NameWindow(handle(), form_.ClassName());
     PlaceOver(owner);
 }
@@ -126,9 +127,11 @@ void FormWindow::Close() {
             RemoveWindowSubclass(window, &FormWindow::ControlProcedure, 1);
         }
     }
+    const HWND window = std::exchange(surface_.window, nullptr);
+    // A control that goes with the keyboard in it still tells so: nobody here is to hear it.
+    if (window) SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     controls_.clear();
-    if (const HWND window = std::exchange(surface_.window, nullptr)) {
-        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    if (window) {
         UnnameWindow(window);
         DestroyWindow(window);
     }
@@ -310,7 +313,11 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             const auto* header = reinterpret_cast<const NMHDR*>(lParam);
             LRESULT result = 0;
             ControlWindow* drawn = Find(header->hwndFrom);
-            if (drawn && MayAct(*drawn)) Guarded([&] { result = drawn->Notify(*header); });
+            if (drawn && MayAct(*drawn)) {
+                Guarded([&] { result = drawn->Notify(*header); });
+            } else if (drawn && header->code == static_cast<UINT>(DTN_DATETIMECHANGE)) {
+                drawn->UpdateAll();
+            }
             return result;
         }
         case WM_DRAWITEM:

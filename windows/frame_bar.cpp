@@ -207,8 +207,8 @@ bool FrameBar::TakeEnter() {
 bool FrameBar::TakeMnemonic(wchar_t letter) {
     for (const Part& part : parts_) {
         if (MnemonicOf(Narrow(TextOf(part.window))) != letter || !IsWindowEnabled(part.window)) continue;
-        if (!control().form().MoveFocus(control())) return true;
-        Do(part.row.action);
+        SetFocus(part.window);  // what is being typed elsewhere counts first
+        if (control().form().focus() == &control()) Do(part.row.action);
         return true;
     }
     return false;

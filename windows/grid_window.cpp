@@ -17,6 +17,7 @@ constexpr WORD kRowChosen = 1, kCellEdited = 2;
 class GridWindow final : public ControlWindow {
  public:
     GridWindow(Grid& grid, const FormSurface& surface);
+    ~GridWindow() override { SetWindowLongPtrW(handle(), GWLP_USERDATA, 0); }
 
     void Command(HWND from, WORD notification) override;
     bool Holds(HWND window) const override { return ControlWindow::Holds(window); }

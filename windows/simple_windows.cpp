@@ -47,7 +47,8 @@ class ClickWindow : public CaptionWindow {
     }
     bool TakeMnemonic(wchar_t letter) override {
         if (!control().CanHaveFocus() || MnemonicOf(caption()) != letter) return false;
-        Clicked();
+        SetFocus(handle());  // as a press does: what is being typed elsewhere counts first
+        if (control().form().focus() == &control()) Clicked();
         return true;
     }
 

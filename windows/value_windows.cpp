@@ -160,9 +160,14 @@ class DateWindow final : public ControlWindow {
         return 0;
     }
     bool TakeEscape() override {
-        if (!Send(DTM_GETMONTHCAL)) return false;
+        const auto calendar = reinterpret_cast<HWND>(Send(DTM_GETMONTHCAL));
+        if (!calendar || !IsWindowVisible(calendar)) return false;
         Send(DTM_CLOSEMONTHCAL);
         return true;
+    }
+    /// A field with room for another digit is taken when the keyboard is gone; the form hands it on.
+    void FinishTyping() override {
+        if (GetFocus() == handle()) SetFocus(surface().window);
     }
 
  private:
