@@ -31,11 +31,9 @@ void AddBillConditions(Conditions& conditions, const BillColumns& columns, const
     }
 }
 
-/// The consignment that a bill settles counts itself, and so has been raised already.
-Conditions SettledConsignment(const LedgerQuery& query) {
+/// The consignments whose settlements raise only what they bill beyond the goods' worth.
+Conditions CountedConsignments(const LedgerQuery& query) {
     Conditions conditions;
-    conditions.Add({"r.FBillID=b.FRelatedID AND r.FCustID=b.FCustID AND r.FDate<=b.FDate"});
-    conditions.Add({"r.FBillType=?"}, {static_cast<std::int64_t>(BillKind::Consignment)});
     AddBillConditions(conditions, kConsignment, query);
     return conditions;
 }
@@ -101,7 +99,7 @@ void PartyLedger::ReadParties(AccountSet& set, const LedgerQuery& query) {
 void PartyLedger::OpenRows(AccountSet& set, const LedgerQuery& query, SqlText more) {
     const bool selling = query.side == PartySide::Customer;
     const SqlText party = selling ? SqlText("b.FCustID") : SqlText("b.FSupplyID");
-    Conditions conditions, settled;
+    Conditions conditions;
     AddDayRange(conditions, "b.FDate", std::nullopt, query.lastDay);
     AddBillConditions(conditions, kBill, query);
     const bool isRange = !query.parties.first.empty() || !query.parties.last.empty();
@@ -116,18 +114,14 @@ void PartyLedger::OpenRows(AccountSet& set, const LedgerQuery& query, SqlText mo
         conditions.Add({"(", party, kBetween, " OR b.FToPartyID", kBetween, ")"},
                        {first, first, last, first, first, last});
     }
-    std::string raisedAlready = "0";
-    if (selling && query.switches.consignments) {
-        settled = SettledConsignment(query);
-        raisedAlready = "CASE WHEN b.FRelatedID IS NULL THEN 0 ELSE EXISTS(SELECT 1 FROM t_Bill r WHERE " +
-                        settled.Text() + ") END";
-    }
+    if (selling && query.switches.consignments)
+        consignments_.emplace(set, conditions, CountedConsignments(query));
     rows_.emplace(set.database(), "SELECT b.FBillType, " + std::string(party.view()) +
                                       ", b.FToPartyID, b.FBillID, b.FDate, b.FAmount, b.FSettleAmount, "
-                                      "b.FDiscount, " +
-                                      raisedAlready + std::string(more.view()) + " FROM t_Bill b " +
+                                      "b.FDiscount" +
+                                      std::string(more.view()) + " FROM t_Bill b " +
                                       (few ? "" : "NOT INDEXED ") + "WHERE " + conditions.Text());
-    conditions.BindTo(*rows_, settled.BindTo(*rows_));
+    conditions.BindTo(*rows_);
 }
 
 const std::size_t* PartyLedger::PlaceOf(std::int64_t party) const {
@@ -137,8 +131,8 @@ const std::size_t* PartyLedger::PlaceOf(std::int64_t party) const {
 
 LedgerSums PartyLedger::SumsOf(const SideSigns& signs) const {
     const std::int64_t amount = rows_->Int(5), atOnce = rows_->Int(6), discount = rows_->Int(7);
-    const bool raisedAlready = rows_->Int(8) != 0;
-    return {.raised = raisedAlready ? 0 : signs.raised * amount,
+    const std::int64_t raisedAlready = consignments_ ? consignments_->RaisedAlready(rows_->Int(3)) : 0;
+    return {.raised = signs.raised * amount - raisedAlready,
             .settled = signs.settled * (amount + discount) + signs.raised * atOnce,
             .advance = signs.advance * amount};
 }

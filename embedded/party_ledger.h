@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "embedded/account_set.h"
+#include "embedded/consignments.h"
 #include "embedded/party_side.h"
 #include "embedded/report_conditions.h"
 
@@ -31,12 +32,11 @@ struct LedgerSums {
 
 /// Which bills count besides those that always do. As they stand here, a balance is that of the books.
 struct LedgerSwitches {
-    bool others = true;     // other receivables or payables
-    bool rebates = true;    // lower what is owed
-    bool writeOffs = true;  // bills that settle without money
-    bool consignments =
-        false;               // goods given out, from that day on; the bill that settles them raises no more
-    bool estimates = false;  // goods taken in before their bill, until they are reversed
+    bool others = true;         // other receivables or payables
+    bool rebates = true;        // lower what is owed
+    bool writeOffs = true;      // bills that settle without money
+    bool consignments = false;  // goods given out; what settles them raises what it bills beyond their worth
+    bool estimates = false;     // goods taken in before their bill, until they are reversed
 };
 
 /// Codes of base data as AddCodeRange takes them; "" is open.
@@ -84,7 +84,7 @@ struct Movement {
 /// settles what the one owes and raises what the other owes.
 class PartyLedger {
  public:
-    static constexpr int kMore = 9;
+    static constexpr int kMore = 8;
 
     /// `more`: further columns of t_Bill b, each behind a comma, for `row`.
     PartyLedger(AccountSet& set, const LedgerQuery& query, SqlText more = "");
@@ -108,7 +108,8 @@ class PartyLedger {
     std::vector<LedgerParty> parties_;
     std::unordered_map<std::int64_t, std::size_t> places_;
     std::array<SideSigns, kKinds> signs_{};  // by kind; nothing for what does not count
-    std::optional<Statement> rows_;          // none where there is no party
+    std::optional<SettledConsignments> consignments_;
+    std::optional<Statement> rows_;  // none where there is no party
     Movement movement_{};
     std::optional<Movement> second_;  // of a transfer
 };

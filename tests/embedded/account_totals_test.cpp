@@ -287,6 +287,45 @@ TEST(AccountTotals, GoodsOnConsignmentAreOwedOnceWhenAskedFor) {
     EXPECT_EQ(closing(true, kDay + 5), 3000) << "a void consignment has raised nothing";
 }
 
+TEST(AccountTotals, AConsignmentIsSettledByItsGoodsWhateverTheirPriceThen) {
+    BuiltFirm firm;
+    const std::int64_t customer = firm.Customer(0), bread = firm.Goods(0), salt = firm.Goods(1);
+    const auto add = [&](BillKind kind, int day, std::int64_t related, const std::vector<GoodsLine>& lines) {
+        Bill bill{.kind = kind, .day = kDay + day, .customer = customer, .related = related};
+        for (const GoodsLine& line : lines) {
+            bill.amount += line.amount;
+        }
+        const std::int64_t id = firm.Add(bill);
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            firm.AddLine(id, static_cast<int>(i) + 1, lines[i]);
+        }
+        return id;
+    };
+    const auto sold = [&](int day, std::int64_t out, std::int64_t goods, int pieces, std::int64_t amount) {
+        add(BillKind::ConsignmentSale, day, out,
+            {{.item = goods, .quantity = pieces * 10'000LL, .amount = amount}});
+    };
+    const std::int64_t out = add(BillKind::Consignment, 0, 0,
+                                 {{.item = bread, .quantity = 30'000, .amount = 1000},
+                                  {.item = salt, .quantity = 20'000, .amount = 500},
+                                  {.item = bread, .quantity = 10'000, .amount = 400}});
+    sold(1, out, bread, 1, 450);   // 333 of the first line
+    sold(2, out, bread, 3, 900);   // the rest of it, and the third line
+    sold(3, out, salt, 3, 700);    // all of the salt, and one piece that never went out
+    sold(4, out, salt, -1, -200);  // half of the salt comes back
+    AccountSet set = firm.Open();
+    const auto closing = [&](bool consignments, int day) {
+        const AccountsAsked asked{.lastDay = kDay + day, .consignments = consignments};
+        return Cents(*ReceivableSummary(set, *FilterOf(asked)), "FBalanceAmount");
+    };
+    EXPECT_EQ(closing(true, 0), 1900);
+    EXPECT_EQ(closing(true, 1), 1567 + 450);
+    EXPECT_EQ(closing(true, 2), 500 + 1350);
+    EXPECT_EQ(closing(true, 3), 2050) << "nothing is out any more, so that it is what was billed";
+    EXPECT_EQ(closing(false, 3), 2050);
+    EXPECT_EQ(closing(true, 4), 250 + 1850);
+}
+
 TEST(AccountTotals, AnEstimateIsOwedUntilItIsReversed) {
     BuiltFirm firm;
     const std::int64_t supplier = firm.Supplier(0);

@@ -1,6 +1,7 @@
 #include "embedded/slow_accounts.h"
 
 #include <algorithm>
+#include <iterator>
 #include <tuple>
 
 namespace qor::test {
@@ -21,11 +22,44 @@ bool Counts(const PlainBook& book, const BookBill& bill, const AccountsAsked& as
                                : field->second == asked.headText;
 }
 
-/// The consignment that a bill settles has raised the amount already.
-bool IsRaisedAlready(const PlainBook& book, const BookBill& bill, const AccountsAsked& asked) {
+bool SettlesCounted(const PlainBook& book, const BookBill& bill, const AccountsAsked& asked) {
     const BookBill* from = book.Bill(bill.related);
-    return asked.consignments && from && from->kind == BillKind::Consignment && from->day <= bill.day &&
-           from->customer == bill.customer && Counts(book, *from, asked);
+    return from && from->kind == BillKind::Consignment && from->day <= bill.day &&
+           from->customer == bill.customer && Counts(book, *from, asked) && Counts(book, bill, asked);
+}
+
+/// What the goods of a bill that settles a consignment were worth when they went out: all settlements of the
+/// consignment are gone through anew, and each takes its goods from the lines that are left.
+std::int64_t RaisedAlready(const PlainBook& book, const BookBill& bill, const AccountsAsked& asked) {
+    if (!asked.consignments || !SettlesCounted(book, bill, asked)) return 0;
+    std::vector<const BookBill*> settling;
+    for (const BookBill& other : book.bills) {
+        if (other.kind == BillKind::ConsignmentSale && other.related == bill.related &&
+            SettlesCounted(book, other, asked))
+            settling.push_back(&other);
+    }
+    std::ranges::stable_sort(settling, {}, &BookBill::day);
+    std::vector<BookGoods> left;
+    std::ranges::copy_if(book.goods, std::back_inserter(left),
+                         [&](const BookGoods& line) { return line.bill == bill.related; });
+    for (const BookBill* other : settling) {
+        std::int64_t worth = 0;
+        for (const BookGoods& sold : book.goods) {
+            if (sold.bill != other->id) continue;
+            std::int64_t pieces = sold.quantity;
+            for (BookGoods& line : left) {
+                if (line.item != sold.item || line.quantity == 0 || pieces == 0) continue;
+                const std::int64_t taken = std::min(pieces, line.quantity);
+                const std::int64_t part = line.amount * taken / line.quantity;
+                line.amount -= part;
+                line.quantity -= taken;
+                pieces -= taken;
+                worth += part;
+            }
+        }
+        if (other == &bill) return worth;
+    }
+    return 0;
 }
 
 /// What a bill does in the account of its own party; false for nothing.
@@ -38,7 +72,7 @@ bool OwnEntry(const PlainBook& book, const BookBill& bill, const AccountsAsked& 
         case BillKind::OtherIncome:
         case BillKind::ConsignmentSale:
             if (!selling) return false;
-            entry.raised = IsRaisedAlready(book, bill, asked) ? 0 : bill.amount;
+            entry.raised = bill.amount - RaisedAlready(book, bill, asked);
             entry.settled = bill.settled;
             return true;
         case BillKind::Purchase:
