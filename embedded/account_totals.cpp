@@ -60,11 +60,13 @@ struct Layout {
 
 struct Sums {
     LedgerSums opening, current;
+    bool moved = false;  // in the period, though the sums may cancel each other out
 
     std::int64_t Closing() const { return opening.Balance() + current.Balance(); }
     Sums& operator+=(const Sums& other) {
         opening += other.opening;
         current += other.current;
+        moved |= other.moved;
         return *this;
     }
 };
@@ -111,7 +113,7 @@ struct HiddenRows {
           withoutBoth(filter.Flag("NotShowZero")) {}
 
     bool Hold(const Sums& sums) const {
-        const bool noBalance = sums.Closing() == 0, noMovement = sums.current.AreZero();
+        const bool noBalance = sums.Closing() == 0, noMovement = !sums.moved;
         return (withoutBalance && noBalance) || (withoutMovement && noMovement) ||
                (withoutBoth && noBalance && noMovement);
     }
@@ -139,7 +141,9 @@ class Summary {
 
  private:
     void Add(Sums& sums, const Movement& movement) const {
-        (firstDay_ && movement.day < *firstDay_ ? sums.opening : sums.current) += movement.sums;
+        const bool before = firstDay_ && movement.day < *firstDay_;
+        (before ? sums.opening : sums.current) += movement.sums;
+        sums.moved |= !before && !movement.sums.AreZero();
     }
 
     /// Every party that may be chosen has a row, and every other one that has an amount.

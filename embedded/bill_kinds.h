@@ -44,7 +44,9 @@ enum class BillState : std::int32_t { Audited = 0, NotAudited = 1, Void = 2 };
 
 /// What a bill does, as factors of its FAmount. Returns and reversals carry negative amounts themselves. Of a
 /// kind that raises a receivable or payable, FSettleAmount was paid at once on FAcctID: it is received or
-/// paid besides, and `cash` tells its direction; of the others `cash` is the direction of FAmount.
+/// paid besides, and `cash` tells its direction; of the others `cash` is the direction of FAmount. Of other
+/// receivables and payables the cash reports show what was paid at once on request alone: they have no
+/// `cash`.
 struct BillKindRow {
     BillKind kind;
     std::string_view prefix;  // of the bill number

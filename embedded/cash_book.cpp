@@ -20,7 +20,7 @@ CashBook::CashBook(AccountSet& set, const Dictionary& dictionary)
     AddCodeRange(chosen, "a.FItemID", item_class::kAccount, filter.Code("BAcctNumber"),
                  filter.Code("EAcctNumber"));
     if (const std::string name = filter.Code("AcctName"); !name.empty()) {
-        chosen.Add({"instr(i.FName,?)>0"}, {name});
+        chosen.Add({"instr(lower(i.FName),lower(?))>0"}, {name});
     }
     Statement account(
         database_,

@@ -96,7 +96,7 @@ std::vector<Warning> ReadWarnings(AccountSet& set, const std::vector<OpenAmount>
 
 /// Of a whole, in hundredths of a percent, rounded half up.
 double Percent(std::int64_t part, std::int64_t whole) {
-    return whole == 0 ? 0 : static_cast<double>((part * 20000 + whole) / (2 * whole)) / 100;
+    return whole == 0 ? 0 : static_cast<double>(ShareOf(part, 10000, whole)) / 100;
 }
 
 void AddRow(ColumnarRecordSet& rows, const Warning& warning, const Party& party, std::int64_t today,

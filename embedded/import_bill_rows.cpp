@@ -148,6 +148,8 @@ class GoodsLines {
                            "units make one");
         line.showRate =
             table_.ReadWholeNumber(rate_, 1, kMostRate, line.showUnit == units.base ? 1 : units.rate);
+        if (line.showUnit == units.base && line.showRate > 1)
+            table_.Mistake(rate_, "must be 1: the line is shown in the base unit");
     }
 
     ImportBooks& books_;

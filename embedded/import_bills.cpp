@@ -204,7 +204,7 @@ class BillsOfFile {
 
     void CheckAccounts(const Bill& bill) {
         const bool atOnce = RaisesClaim(bill.kind);
-        const bool moves = RowOf(bill.kind).cash != 0;
+        const bool moves = RowOf(bill.kind).cash != 0 || MayBePaidAtOnce(bill.kind);
         const bool needed = moves && (atOnce ? bill.settled : bill.amount) != 0;
         const bool transfer = bill.kind == BillKind::BankTransfer;
         Check(bill, columns_.account, moves, needed, "an account that its money moves on");

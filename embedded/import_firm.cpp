@@ -134,7 +134,9 @@ void WriteMonths(ImportBooks& books, Profile& profile, const FirmRow& firm) {
     const std::int64_t current =
         firm.currentMonth != 0 ? firm.currentMonth : std::max({profile.Month("Current"), span.last, start});
     profile.PutMonth("Current", current);
-    WritePeriods(books.database, YearOf(start), YearOf(std::max(current, span.last)) + 1);
+    constexpr int kLastYear = 9999;  // of the calendar
+    WritePeriods(books.database, YearOf(start),
+                 std::min(YearOf(std::max(current, span.last)) + 1, kLastYear));
 }
 
 }  // namespace

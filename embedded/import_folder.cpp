@@ -12,6 +12,7 @@
 #include "embedded/import_whole_bills.h"
 #include "embedded/schema.h"
 #include "embedded/unfinished_file.h"
+#include "platform/object.h"
 
 namespace qor {
 
@@ -43,7 +44,7 @@ void CheckNames(const fs::path& folder, ImportMistakes& mistakes) {
         const std::string name = entry.path().filename().string();
         const bool isKnown = std::ranges::find(known, name) != known.end();
         any |= isKnown;
-        if (!isKnown && entry.path().extension() == ".csv")
+        if (!isKnown && EqualsIgnoringCase(entry.path().extension().string(), ".csv"))
             mistakes.Add(name, 0, "", "is no file of an account set; there are " + all);
     }
     if (!any) mistakes.Add(folder.string(), 0, "", "has no file of an account set; there are " + all);

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "embedded/import_item_columns.h"
+#include "platform/object.h"
 
 namespace qor {
 
@@ -145,7 +146,7 @@ class ItemsOfFile {
     /// The code alone says where an item stands, so no chain of categories can run in a circle.
     void CheckCategoryCell(const std::string& code) {
         const std::string_view category = table_.Word(category_);
-        if (category.empty() || category == CategoryOf(code)) return;
+        if (category.empty() || EqualsIgnoringCase(category, CategoryOf(code))) return;
         const std::string_view above = CategoryOf(code);
         table_.Mistake(category_, Shown(category) + " is not the category of " + Shown(code) +
                                       ", which stands " +

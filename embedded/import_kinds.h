@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "embedded/bill_kinds.h"
+#include "embedded/party_side.h"
 
 namespace qor {
 
@@ -62,9 +63,12 @@ constexpr bool HasSupplier(BillKind kind) {
     return row.payable != 0 || row.paid != 0 || row.advanceOut != 0 || estimate;
 }
 
-/// Raises what a party owes or is owed; a part may be paid at once where the kind has a way to the cash.
+/// Raises what a party owes or is owed; a part may be paid at once where the kind has a way to the cash, or
+/// is another receivable or payable.
 constexpr bool RaisesClaim(BillKind kind) { return RowOf(kind).receivable != 0 || RowOf(kind).payable != 0; }
-constexpr bool MayBePaidAtOnce(BillKind kind) { return RaisesClaim(kind) && RowOf(kind).cash != 0; }
+constexpr bool MayBePaidAtOnce(BillKind kind) {
+    return RaisesClaim(kind) && (RowOf(kind).cash != 0 || IsOtherClaim(kind));
+}
 
 /// Settles other bills: a receipt, a payment or a write-off.
 constexpr bool Settles(BillKind kind) { return RowOf(kind).received != 0 || RowOf(kind).paid != 0; }

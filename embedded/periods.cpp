@@ -14,8 +14,9 @@ void WritePeriods(Database& database, int firstYear, int lastYear) {
     Statement period(database, "INSERT OR IGNORE INTO t_PeriodDate VALUES(?,?,?,?)");
     for (int year = firstYear; year <= lastYear; ++year) {
         for (int month = 1; month <= 12; ++month) {
-            const std::int64_t next = month == 12 ? FirstDayOf(year + 1, 1) : FirstDayOf(year, month + 1);
-            period.With(year, month, FirstDayOf(year, month), next - 1).Run();
+            const std::int64_t last =
+                month == 12 ? FirstDayOf(year, 12) + 30 : FirstDayOf(year, month + 1) - 1;
+            period.With(year, month, FirstDayOf(year, month), last).Run();
         }
     }
 }

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "embedded/party_side.h"
 #include "embedded/sample_makers.h"
 #include "embedded/sample_names.h"
 
@@ -63,7 +64,8 @@ bool MakeClassBill(SampleDesk& desk, BillKind kind) {
         desk.SetAnyEmployee(bill);
     }
     std::vector<ClassLine> lines = AnyClassLines(desk, &side == &desk.sales, bill);
-    if (withCash) desk.SettleAtOnce(bill, hasParty ? 600 : 1000);
+    constexpr std::uint32_t kAlways = 1000, kMostly = 600, kSeldom = 50;
+    desk.SettleAtOnce(bill, IsOtherClaim(kind) ? kSeldom : hasParty ? kMostly : kAlways);
     ShareSettled(bill, lines);
     desk.Write(bill, lines);
     if (hasParty) desk.LeaveOpen(bill, side, party, bill.amount - bill.settled);

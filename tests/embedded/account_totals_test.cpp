@@ -326,6 +326,25 @@ TEST(AccountTotals, AConsignmentIsSettledByItsGoodsWhateverTheirPriceThen) {
     EXPECT_EQ(closing(true, 4), 250 + 1850);
 }
 
+TEST(AccountTotals, BillsThatCancelEachOtherOutHaveHappened) {
+    BuiltFirm firm;
+    for (const std::int64_t amount : {700, -700}) {
+        firm.Add({.kind = amount > 0 ? BillKind::Sale : BillKind::SaleReturn,
+                  .day = kDay,
+                  .customer = firm.Customer(1),
+                  .amount = amount});
+    }
+    firm.Add({.kind = BillKind::Sale, .day = kDay - 9, .customer = firm.Customer(2), .amount = 50});
+    AccountSet set = firm.Open();
+    const auto rows = [&](std::string_view key) {
+        return ReceivableSummary(set, *Filter({{"BDate", Date{double{kDay}}}, {key, "1"}}));
+    };
+    EXPECT_EQ(rows("OccurNotZero")->RowCount(), 2) << "one customer and the total";
+    EXPECT_EQ(rows("OccurNotZero")->Field("FCustId"), Value(static_cast<std::int32_t>(firm.Customer(1))));
+    EXPECT_EQ(rows("NotShowZero")->RowCount(), 3);
+    EXPECT_EQ(rows("NotShowBalZero")->Field("FCustId"), Value(static_cast<std::int32_t>(firm.Customer(2))));
+}
+
 TEST(AccountTotals, AnEstimateIsOwedUntilItIsReversed) {
     BuiltFirm firm;
     const std::int64_t supplier = firm.Supplier(0);

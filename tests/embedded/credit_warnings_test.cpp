@@ -157,6 +157,19 @@ TEST(CreditWarnings, ABillWithoutADueDateIsDueAfterThePartysCreditDays) {
     EXPECT_EQ(Cents(*rows, "FOverDate"), 500);
 }
 
+TEST(CreditWarnings, TheRateOfTheLargestAmountsIsExact) {
+    BuiltFirm firm;
+    const std::int64_t customer = firm.Customer(0);
+    firm.database().Run("UPDATE t_Party SET FCreditLimit=300000000000000 WHERE FItemID=" +
+                        std::to_string(customer));
+    firm.Add({.kind = BillKind::Sale, .day = 45000, .customer = customer, .amount = 999'999'999'999'999});
+    AccountSet set = firm.Open();
+    const Ref<RecordSet> rows = CustomerCreditWarnings(set, *Filter({}));
+    ASSERT_EQ(rows->RowCount(), 1);
+    EXPECT_EQ(rows->Field("FRate"), Value(233.33));
+    EXPECT_EQ(rows->Field("FUnCheckAmount"), Value(9'999'999'999'999.99));
+}
+
 TEST(CreditWarnings, TodayIsTheDaySetThenTheBooksOwnThenTheClocks) {
     const test::TempFolder folder;
     std::filesystem::copy_file(test::SampleFile(), folder / "books.db");

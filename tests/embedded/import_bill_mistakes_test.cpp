@@ -138,6 +138,15 @@ TEST(ImportMistakes, OfLines) {
     });
 }
 
+TEST(ImportMistakes, OfARateOfTheBaseUnit) {
+    const test::FirmFolder folder;
+    folder.Edit("goods_lines.csv", "unit,aux", "unit,unit_rate");
+    const std::int64_t line = folder.Edit("goods_lines.csv", "17920.00,,", "17920.00,,12");
+    EXPECT_EQ(folder.Import(), test::WithLine("goods_lines.csv:@: unit_rate: must be 1: the line is shown in "
+                                              "the base unit",
+                                              line));
+}
+
 TEST(ImportMistakes, OfSettlements) {
     ExpectTold({
         {"settlements.csv", "SK-202501-001,QC-2024-001,,12600.00", "SK-202501-001,QC-2024-001,,12600.01",

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "embedded/cash_rows.h"
 #include "embedded/import_fixture.h"
 #include "embedded/sample_fixture.h"
 #include "support/raises.h"
@@ -12,6 +13,7 @@ namespace qor {
 namespace {
 
 using test::ContentOf;
+using test::Filter;
 using test::FirmFolder;
 using test::PutContent;
 
@@ -94,6 +96,42 @@ TEST(ImportFolder, BlanksAreFilledWithWhatIsUsual) {
     EXPECT_EQ(
         Answer(folder.books(), "SELECT FName FROM t_Item WHERE FItemClassID IN (12,130) ORDER BY FItemID"),
         "人民币|现金|转账支票|电汇|");
+}
+
+TEST(ImportFolder, OtherClaimsMayBePaidAtOnce) {
+    const FirmFolder folder;
+    folder.Edit("bills.csv", "001,,,360.00,", "001,01.01,,360.00,100.00");
+    folder.Edit("class_lines.csv", "360.00,", "360.00,100.00");
+    ASSERT_EQ(folder.Import(), "");
+    AccountSet set(folder.books());
+    const auto movements = [&](const char* withOtherClaims) {
+        return CashJournal(set, *Filter({{"BAcctNumber", "01.01"},
+                                         {"EAcctNumber", "01.01"},
+                                         {"BDate", "2025-03-12"},
+                                         {"EDate", "2025-03-12"},
+                                         {"IncludARAP", withOtherClaims}}));
+    };
+    EXPECT_EQ(movements("0")->RowCount(), 1) << "the opening balance alone";
+    const Ref<RecordSet> rows = movements("1");
+    ASSERT_EQ(rows->RowCount(), 2);
+    rows->Move(1);
+    EXPECT_EQ(rows->Field("FBillNo"), Value("QS-202503-001"));
+    EXPECT_EQ(rows->Field("FInAmount"), Value(100.0));
+}
+
+TEST(ImportFolder, TheLastDayOfTheCalendarIsADayLikeAnyOther) {
+    const FirmFolder folder;
+    folder.Edit("bills.csv", "FY-202506-002,2025-06-28", "FY-202506-002,9999-12-31");
+    ASSERT_EQ(folder.Import(), "");
+    EXPECT_EQ(Answer(folder.books(), "SELECT FEndDate FROM t_PeriodDate WHERE FYear=9999 AND FPeriod=12"),
+              "2958465|");
+}
+
+TEST(ImportFolder, ACategoryMatchesWhateverTheCaseOfItsLetters) {
+    const FirmFolder folder;
+    PutContent(folder.firm() / "settlement_types.csv",
+               "code,name,category\nA,现金,\na.01,零钱,A\nA.02,支票,a\n");
+    EXPECT_EQ(folder.Import(), "");
 }
 
 TEST(ImportFolder, TheFormOfTheFilesPlaysNoPart) {

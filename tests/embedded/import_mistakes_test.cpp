@@ -38,6 +38,12 @@ TEST(ImportMistakes, OfTheFolder) {
     EXPECT_TRUE(folder.Import().starts_with(folder.firm().string() + ": has no file of an account set"));
 }
 
+TEST(ImportMistakes, OfAFileWhoseNameIsWrittenInOtherLetters) {
+    const FirmFolder folder;
+    std::filesystem::rename(folder.firm() / "bill_fields.csv", folder.firm() / "Bill_Fields.CSV");
+    EXPECT_EQ(folder.Import().find("Bill_Fields.CSV: is no file of an account set; there are "), 0u);
+}
+
 TEST(ImportMistakes, AnEmptyFileIsNone) {
     const FirmFolder folder;
     test::PutContent(folder.firm() / "currencies.csv", "\r\n");

@@ -130,7 +130,7 @@ TEST_P(CategoryTotalsOf, ARowIsTheSumOfTheDetailThatItOpens) {
     const Asked shapes[] = {
         {.plain = {.firstDay = 45000, .lastDay = 45600}},
         {.firstLevel = 1, .lastLevel = 3, .plain = {.checkState = 0}},
-        {.firstLevel = 1, .lastLevel = 2, .byParty = true, .plain = {.firstDay = 45700, .checkState = 2}},
+        {.firstLevel = 1, .lastLevel = 2, .byParty = true, .plain = {.firstDay = 45600, .checkState = 2}},
         {.firstLevel = 1, .lastLevel = 1, .plain = {.classes = {"01.002", "03.001"}, .withDisabled = true}},
     };
     for (const std::int32_t user : {1, 16}) {

@@ -132,7 +132,9 @@ std::string Cell(std::int64_t number) { return std::to_string(number) + "|"; }
 
 struct Sums {
     std::int64_t raised = 0, settled = 0, advance = 0;
+    bool any = false;
     void Add(const AccountEntry& entry) {
+        any |= entry.raised != 0 || entry.settled != 0 || entry.advance != 0;
         raised += entry.raised;
         settled += entry.settled;
         advance += entry.advance;
@@ -195,8 +197,8 @@ std::vector<SummaryRow> RowsToShow(const PlainBook& book, const AccountsAsked& a
     for (const auto& [key, row] : rows) {
         const BookItem& party = book.Item(row.party);
         const std::int64_t balance = row.before.Balance() + row.within.Balance();
-        const bool unmoved = row.within.AreZero();
-        if (asked.groupBy.empty() && !party.current && unmoved && row.before.AreZero()) continue;
+        const bool unmoved = !row.within.any;
+        if (asked.groupBy.empty() && !party.current && row.within.AreZero() && row.before.AreZero()) continue;
         if (asked.hidesNoBalance && balance == 0) continue;
         if (asked.hidesNoMovement && unmoved) continue;
         if (asked.hidesNeither && balance == 0 && unmoved) continue;
