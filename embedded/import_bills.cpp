@@ -153,7 +153,7 @@ class BillsOfFile {
     }
 
     std::int64_t ReadBiller() {
-        const std::int64_t user = table_.ReadWholeNumber(columns_.biller, 1, INT32_MAX);
+        const std::int64_t user = table_.ReadWholeNumber(columns_.biller, 1, kLastUser);
         if (user != 0 && !books_.users.contains(user) && !books_.MayStandIn(kUsersFile.name))
             table_.Mistake(columns_.biller, "user " + std::to_string(user) + " is not in users.csv");
         return user;

@@ -154,7 +154,7 @@ void ImportUsers(ImportBooks& books) {
     ImportTable table = books.Open(kUsersFile);
     const auto number = table.Find("number"), name = table.Find("name"), allRights = table.Find("all_rights");
     while (table.Next()) {
-        const std::int64_t user = table.ReadWholeNumber(number, 1, INT32_MAX);
+        const std::int64_t user = table.ReadWholeNumber(number, 1, kLastUser);
         const std::int64_t all = table.Read(allRights, ReadYesNo);
         if (!table.RowIsSound()) table.MarkIncomplete();
         if (!table.RowIsSound()) continue;

@@ -202,7 +202,7 @@ class ItemsOfFile {
         std::string_view rest = table_.Word(cell);
         while (!rest.empty()) {
             const std::size_t end = std::min(rest.find(';'), rest.size());
-            const CellReading user = ReadWhole(rest.substr(0, end), 1, INT32_MAX);
+            const CellReading user = ReadWhole(rest.substr(0, end), 1, kLastUser);
             if (!user.mistake.empty()) {
                 table_.Mistake(cell, user.mistake + "; users stand as 16;23");
             } else if (!books_.users.contains(user.value) && !books_.MayStandIn(kUsersFile.name)) {

@@ -8,6 +8,9 @@
 
 namespace qor {
 
+/// A session knows its user by a number of 16 bits.
+inline constexpr std::int64_t kLastUser = INT16_MAX;
+
 /// A value, or why the text is none.
 struct CellReading {
     std::int64_t value = 0;
