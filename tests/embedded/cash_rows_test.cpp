@@ -200,17 +200,6 @@ TEST(Cash, JournalAndLedgerAreThoseOfTheSlowBooksInEveryShapeOfFilter) {
     }
 }
 
-TEST(Cash, AnAccountIsFoundByAPartOfItsNameInEitherCase) {
-    BuiltFirm firm;
-    firm.database().Run("UPDATE t_Item SET FName='Bank of 100% Öl' WHERE FItemID=" +
-                        std::to_string(firm.Account(0)));
-    AccountSet set = firm.Open();
-    for (const char* name : {"BANK", "0% ö", "100% Öl"}) {
-        const bool isIts = std::string_view(name) != "0% ö";  // only letters of ASCII have two cases here
-        EXPECT_EQ(CashLedger(set, *Filter({{"AcctName", name}}))->RowCount(), isIts ? 2 : 0) << name;
-    }
-}
-
 TEST(Cash, TheBillerIsFoundByAPartOfHisName) {
     AccountSet set(test::SampleFile());
     const PlainBook book(set);
@@ -369,12 +358,6 @@ TEST(Cash, WhatOtherClaimsHadSettledAtOnceComesOnRequest) {
               .settled = 50});
     EXPECT_THAT(AmountsOf(firm, 0), ElementsAre());
     EXPECT_THAT(AmountsOf(firm, 0, true), ElementsAre("200 0 200", "0 50 150"));
-}
-
-TEST(Cash, TheSampleFirmHasMoneyOfOtherClaimsToShow) {
-    AccountSet set(test::SampleFile());
-    EXPECT_GT(CashJournal(set, *FilterOf({.withOtherClaims = true}))->RowCount(),
-              CashJournal(set, *FilterOf({}))->RowCount());
 }
 
 TEST(Cash, ForeignRightClausesAreRefused) {
