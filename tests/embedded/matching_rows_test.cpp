@@ -266,6 +266,23 @@ TEST(MatchingBalance, CustomersThatShareASupplierShareOneAccount) {
     EXPECT_EQ(Cents(*rows, "FPayBalanceAmount"), 3);
 }
 
+TEST(MatchingBalance, ALinkIsForUsersWhoSeeBothItsEnds) {
+    struct Case {
+        const char *customer, *supplier;
+        bool shown;
+    };
+    for (const Case& rights : {Case{"1,16", "1,16", true}, {"1,16", "1", false}, {"1", "1,16", false}}) {
+        LinkedFirm firm;
+        firm.Add({.kind = BillKind::Sale, .day = kDay, .customer = firm.customer, .amount = 100});
+        Statement see(firm.database(), "UPDATE t_Party SET FRightUserID=? WHERE FItemID=?");
+        see.With(std::string_view(rights.customer), firm.customer).Run();
+        see.With(std::string_view(rights.supplier), firm.supplier).Run();
+        AccountSet set = firm.Open();
+        const auto rows = MatchingBalance(set, *Filter({{"DataRightWhere", kOfUser16}}));
+        EXPECT_EQ(!rows->Eof(), rights.shown) << rights.customer << " and " << rights.supplier;
+    }
+}
+
 TEST(MatchingBalance, GoodsLinesShareOutWhatTheirBillRaised) {
     LinkedFirm firm;
     const std::int64_t bill = firm.Add(
