@@ -16,6 +16,16 @@ LSTATUS WriteText(HKEY root, const std::wstring& key, const wchar_t* name, const
                            static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
 }
 
+/// The component of the other width has class keys of its own, but the names are the same ones.
+bool OtherWidthHas(HKEY root, const std::wstring& classKey) {
+    constexpr REGSAM kOther = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+    HKEY opened = nullptr;
+    if (RegOpenKeyExW(root, (kClasses + classKey).c_str(), 0, KEY_READ | kOther, &opened) != ERROR_SUCCESS)
+        return false;
+    RegCloseKey(opened);
+    return true;
+}
+
 }  // namespace
 
 std::wstring BracedId(const ComponentId& id) { return L"{" + Wide(IdText(id)) + L"}"; }
@@ -53,9 +63,9 @@ LSTATUS RemoveClassesKey(HKEY root, const std::wstring& key) {
 }
 
 LSTATUS RemoveClass(HKEY root, const RegisteredClass& registered) {
-    const LSTATUS name = RemoveClassesKey(root, Wide(registered.name));
     const LSTATUS id = RemoveClassesKey(root, ClassKey(registered));
-    return name != ERROR_SUCCESS ? name : id;
+    if (id != ERROR_SUCCESS || OtherWidthHas(root, ClassKey(registered))) return id;
+    return RemoveClassesKey(root, Wide(registered.name));
 }
 
 bool HasClassesKey(HKEY root, const std::wstring& key) {

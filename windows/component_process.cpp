@@ -8,8 +8,23 @@ namespace qor::windows {
 
 namespace {
 
+HANDLE OwnThread() {
+    HANDLE own = nullptr;
+    DuplicateHandle(GetCurrentProcess(), GetCurrentThread(), GetCurrentProcess(), &own, SYNCHRONIZE, FALSE,
+                    0);
+    return own;
+}
+
 struct Component {
+    Component() = default;
+    Component(const Component&) = delete;
+    Component& operator=(const Component&) = delete;
+    ~Component() { CloseHandle(running); }
+
+    bool ThreadEnded() const { return WaitForSingleObject(running, 0) == WAIT_OBJECT_0; }
+
     const DWORD thread = GetCurrentThreadId();
+    const HANDLE running = OwnThread();
     WindowsPlatform platform;
     Process process{platform};
 };
@@ -19,6 +34,13 @@ std::unique_ptr<Component> component_;
 }  // namespace
 
 Process& ComponentProcess() {
+    if (component_ && component_->thread != GetCurrentThreadId()) {
+        if (!component_->ThreadEnded()) {
+            throw Error(static_cast<std::int32_t>(RPC_E_WRONG_THREAD), std::string(kLibraryName),
+                        "报表只能在主机的用户界面线程上建立和使用");
+        }
+        AbandonComponentProcess();  // what it kept belonged to that thread's apartment
+    }
     if (!component_) component_ = std::make_unique<Component>();
     return component_->process;
 }

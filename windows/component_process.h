@@ -6,6 +6,7 @@
 namespace qor::windows {
 
 /// Made at the first creation of an object; it holds what the reports keep for the life of the component.
+/// Raises RPC_E_WRONG_THREAD while it lives on another thread that has not ended.
 Process& ComponentProcess();
 /// Lets go of it, and with it of every server object that it kept. Only when no object is alive. Answers
 /// false, and leaves it, on another thread than the one that it was made on.

@@ -13,13 +13,21 @@ namespace qor::windows {
 
 namespace {
 
-InvokeKind KindOf(WORD flags) {
+InvokeKind KindOf(WORD flags, const DISPPARAMS& parameters) {
+    constexpr WORD kEither = DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF;
+    if ((flags & kEither) == kEither) {
+        // A host that leaves it open; the new value is the first in automation's order.
+        const bool isObject = parameters.cArgs > 0 && FromVariant(parameters.rgvarg[0]).IsObject();
+        return isObject ? InvokeKind::PutRef : InvokeKind::Put;
+    }
     if (flags & DISPATCH_PROPERTYPUTREF) return InvokeKind::PutRef;
     if (flags & DISPATCH_PROPERTYPUT) return InvokeKind::Put;
     return flags & DISPATCH_METHOD ? InvokeKind::Method : InvokeKind::Get;
 }
 
+/// Also where a host's routine hands on an optional argument that it was not given itself.
 bool IsMissing(const VARIANT& variant) {
+    if (variant.vt == (VT_BYREF | VT_VARIANT)) return IsMissing(*variant.pvarVal);
     return variant.vt == VT_ERROR && variant.scode == DISP_E_PARAMNOTFOUND;
 }
 
@@ -133,7 +141,7 @@ MemberId DispatchObject::FindMember(const wchar_t* name) {
 }
 
 HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
-    if (!names || !ids || count == 0) return E_INVALIDARG;
+    if (!names || !names[0] || !ids || count == 0) return E_INVALIDARG;
     return AtBorder(nullptr, [&]() -> HRESULT {
         const MemberId member = FindMember(names[0]);
         ids[0] = member == kNoMember ? DISPID_UNKNOWN : ToDispid(*object_, member);
@@ -161,7 +169,7 @@ HRESULT DispatchObject::InvokeMember(DISPID member, WORD flags, DISPPARAMS& para
     const MemberId id = FromDispid(*object_, member);
     if (id == kNoMember) return DISP_E_MEMBERNOTFOUND;
     IncomingArguments incoming(parameters);
-    Value answer = object_->Invoke(id, KindOf(flags), incoming.arguments());
+    Value answer = object_->Invoke(id, KindOf(flags, parameters), incoming.arguments());
     if (const HRESULT handed = incoming.HandBack(); FAILED(handed)) return handed;
     if (result) *result = ToVariant(answer).Detach();
     return S_OK;

@@ -1,5 +1,7 @@
 // Errors over the border: numbers below 65536 travel as automation's own results (800A....), any other
 // number as it is; source and description travel beside it.
+#include <iterator>
+
 #include "windows/bridge.h"
 
 namespace qor::windows {
@@ -33,6 +35,17 @@ std::string TakeText(BSTR& text) {
     return narrow;
 }
 
+/// What the system says of a result, for the user.
+std::string TextOfResult(HRESULT result) {
+    wchar_t text[512];
+    const DWORD length =
+        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                       static_cast<DWORD>(result), 0, text, static_cast<DWORD>(std::size(text)), nullptr);
+    std::wstring_view line(text, length);
+    line = line.substr(0, line.find_last_not_of(L"\r\n ") + 1);
+    return line.empty() ? std::string(Describe(Automation::InvalidCall)) : Narrow(line);
+}
+
 /// What a host that looks at the thread's error object finds, where a call has no room for it.
 void TellThread(const Error& error) {
     ComPtr<ICreateErrorInfo> made;
@@ -50,7 +63,7 @@ HRESULT FillExcepInfo(EXCEPINFO* info, const Error& error) {
     const HRESULT result = static_cast<HRESULT>(number < 0x10000 ? kAutomationResult | number : number);
     if (!info) {
         TellThread(error);
-        return result;
+        return FAILED(result) ? result : E_FAIL;
     }
     *info = {};
     info->bstrSource = Bstr(error.source()).Detach();
@@ -64,8 +77,7 @@ void RaiseFromCom(HRESULT result, EXCEPINFO& info) {
         for (const KnownResult& known : kKnownResults) {
             if (known.result == result) Raise(known.error);
         }
-        throw Error(static_cast<std::int32_t>(result), std::string(kLibraryName),
-                    std::string(Describe(Automation::InvalidCall)));
+        throw Error(static_cast<std::int32_t>(result), std::string(kLibraryName), TextOfResult(result));
     }
     if (info.pfnDeferredFillIn) info.pfnDeferredFillIn(&info);
     auto number = static_cast<ULONG>(info.scode != 0 ? info.scode : info.wCode);

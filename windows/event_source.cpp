@@ -62,12 +62,15 @@ class ConnectionPoint : public IConnectionPoint {
             FAILED(sink->QueryInterface(IID_PPV_ARGS(&dispatch)))) {
             return CONNECT_E_CANNOTCONNECT;
         }
-        *cookie = ++lastCookie_;
-        sinks_.emplace(*cookie, std::move(dispatch));
-        return S_OK;
+        return AtBorder(nullptr, [&] {
+            *cookie = ++lastCookie_;
+            sinks_.emplace(*cookie, std::move(dispatch));
+            return S_OK;
+        });
     }
     STDMETHODIMP Unadvise(DWORD cookie) override {
-        return sinks_.erase(cookie) ? S_OK : CONNECT_E_NOCONNECTION;
+        // Taken out before it is let go: a sink may unadvise itself once more as it goes.
+        return sinks_.extract(cookie).empty() ? CONNECT_E_NOCONNECTION : S_OK;
     }
     STDMETHODIMP EnumConnections(IEnumConnections** connections) override {
         if (!connections) return E_POINTER;
@@ -82,13 +85,12 @@ class ConnectionPoint : public IConnectionPoint {
 
     const GUID& id() const { return events_; }
 
-    /// A sink that fails keeps neither the others nor the object from going on.
+    /// A sink that fails keeps neither the others nor the object from going on; one that another takes away
+    /// meanwhile hears no more.
     void RaiseEvent(DISPID event, std::vector<Value> arguments) {
-        std::vector<ComPtr<IDispatch>> sinks;
-        for (const auto& [cookie, sink] : sinks_) {
-            sinks.push_back(sink);
-        }
-        for (const ComPtr<IDispatch>& sink : sinks) {
+        const ComPtr<IDispatch> kept(&owner_);
+        for (const auto& [cookie, sink] : std::map(sinks_)) {
+            if (!sinks_.contains(cookie)) continue;
             std::vector<Variant> owned;
             std::vector<VARIANT> reversed;
             for (auto value = arguments.rbegin(); value != arguments.rend(); ++value) {

@@ -33,7 +33,9 @@ STDAPI DllCanUnloadNow() {
     if (qor::windows::ServerLife::IsHeld()) return S_FALSE;
     return qor::windows::AtBorder(nullptr, [] {
         qor::windows::ReleaseTypeLibrary();
-        return qor::windows::ReleaseComponentProcess() ? S_OK : S_FALSE;
+        const bool released = qor::windows::ReleaseComponentProcess();
+        // A server that goes may have had a host make objects again.
+        return released && !qor::windows::ServerLife::IsHeld() ? S_OK : S_FALSE;
     });
 }
 
@@ -45,7 +47,7 @@ STDAPI DllUnregisterServer() {
     return qor::windows::AtBorder(nullptr, [] { return qor::windows::UnregisterComponent(); });
 }
 
-/// regsvr32 /i:user registers for the user alone.
+/// regsvr32 /n /i:user registers for the user alone; without /n it calls DllRegisterServer first.
 STDAPI DllInstall(BOOL install, PCWSTR commandLine) {
     return qor::windows::AtBorder(nullptr, [&]() -> HRESULT {
         if (!install) return qor::windows::UnregisterComponent();

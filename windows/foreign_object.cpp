@@ -30,7 +30,24 @@ WORD FlagsOf(InvokeKind kind) {
 
 bool IsUnknownWay(HRESULT result) { return result == DISP_E_MEMBERNOTFOUND || result == E_NOTIMPL; }
 
+/// Lets a reference to a VARIANT be one to the VARIANT's content. Classes whose parameters have types take no
+/// other; one that holds nothing yet stays what it is.
+void ReferToContent(VARIANT& reference) {
+    VARIANT& content = *reference.pvarVal;
+    if (content.vt == VT_EMPTY || content.vt == VT_NULL) return;
+    reference.vt = static_cast<VARTYPE>(VT_BYREF | content.vt);
+    reference.byref = &content.byref;
+}
+
 }  // namespace
+
+bool IsGone(HRESULT result) {
+    constexpr int kFirstRpcError = 1700, kLastRpcError = 1939;
+    if (SUCCEEDED(result)) return false;
+    if (result == CO_E_OBJNOTCONNECTED || HRESULT_FACILITY(result) == FACILITY_RPC) return true;
+    return HRESULT_FACILITY(result) == FACILITY_WIN32 && HRESULT_CODE(result) >= kFirstRpcError &&
+           HRESULT_CODE(result) <= kLastRpcError;
+}
 
 ForeignObject::ForeignObject(IDispatch* dispatch, IUnknown* identity)
     : dispatch_(dispatch), identity_(identity) {
@@ -58,9 +75,13 @@ MemberId ForeignObject::FindMember(std::string_view name) {
         LPOLESTR text = wide.get();
         result = dispatch_->GetIDsOfNames(IID_NULL, &text, 1, LOCALE_USER_DEFAULT, &id);
     }
-    const MemberId member = FAILED(result) ? kNoMember : id;
-    members_.emplace(key, member);
-    return member;
+    if (IsGone(result)) {
+        EXCEPINFO info{};
+        RaiseFromCom(result, info);
+    }
+    if (FAILED(result)) return kNoMember;  // not kept: a script's object may get the member yet
+    members_.emplace(key, id);
+    return id;
 }
 
 HRESULT ForeignObject::InvokeAs(MemberId member, WORD flags, DISPPARAMS& parameters, VARIANT* result,
@@ -104,6 +125,12 @@ Value ForeignObject::Invoke(MemberId member, InvokeKind kind, Arguments argument
     if (isPut && IsUnknownWay(answer)) {
         const InvokeKind other = kind == InvokeKind::Put ? InvokeKind::PutRef : InvokeKind::Put;
         answer = InvokeAs(member, FlagsOf(other), parameters, nullptr, info);
+    }
+    if (answer == DISP_E_TYPEMISMATCH) {
+        for (VARIANT& argument : reversed) {
+            if (argument.vt == (VT_BYREF | VT_VARIANT)) ReferToContent(argument);
+        }
+        answer = InvokeAs(member, FlagsOf(kind), parameters, isPut ? nullptr : result.get(), info);
     }
     if (FAILED(answer)) RaiseFromCom(answer, info);
 

@@ -10,6 +10,9 @@
 
 namespace qor::windows {
 
+/// Whether a call failed because the object's process cannot be reached any more.
+bool IsGone(HRESULT result);
+
 class ForeignObject final : public Object {
  public:
     /// `identity` is what the object answers for IUnknown.

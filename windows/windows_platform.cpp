@@ -35,9 +35,6 @@ Ref<Object> CreateFoundation(IClassFactory& factory) {
     return made;
 }
 
-/// A server in a process of its own may have gone, and its class object with it.
-bool IsGone(HRESULT result) { return FAILED(result) && HRESULT_FACILITY(result) == FACILITY_RPC; }
-
 }  // namespace
 
 WindowsPlatform::WindowsPlatform()
@@ -55,7 +52,7 @@ Ref<Object> WindowsPlatform::CreateByName(std::string_view name) {
     ComPtr<IClassFactory>& known = classObjects_[std::string(name)];
     Ref<Object> made;
     HRESULT result = known ? CreateBy(*known.Get(), made) : REGDB_E_CLASSNOTREG;
-    if (!known || IsGone(result)) {
+    if (!known || IsGone(result)) {  // a server that rests has taken its class object with it
         known = ClassObjectOf(Wide(name).c_str());
         result = known ? CreateBy(*known.Get(), made) : REGDB_E_CLASSNOTREG;
     }

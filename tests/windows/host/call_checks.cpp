@@ -7,6 +7,7 @@
 
 #include "platform/dictionary.h"
 #include "tests/windows/host/host_checks.h"
+#include "windows/com_object.h"
 #include "windows/types/class_ids.h"
 
 namespace qor::host {
@@ -252,6 +253,125 @@ void TheBarRaisesActiveInsideItsShow() {
     Expect(CanUnload(), "the component is still held");
 }
 
+/// A sink that unadvises itself as it goes, as hosts' sinks do.
+class PartingSink final : public windows::ComObject<IDispatch> {
+ public:
+    PartingSink(IConnectionPoint* point, int& parted) : point_(point), parted_(parted) {}
+    ~PartingSink() override {
+        ++parted_;
+        point_->Unadvise(1);
+    }
+    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+        *object = id == IID_IUnknown || id == IID_IDispatch ? this : nullptr;
+        return *object ? (AddRef(), S_OK) : E_NOINTERFACE;
+    }
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override { return *count = 0, S_OK; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+        return S_OK;
+    }
+
+ private:
+    IConnectionPoint* point_;
+    int& parted_;
+};
+
+void ASinkMayUnadviseItselfAsItGoes() {
+    int parted = 0;
+    const ComPtr<IDispatch> pass = Create("QORArApRpt.clsPass");
+    const ComPtr<IConnectionPoint> point = PointOf(pass.Get(), ToGuid(windows::kPassEventsId));
+    DWORD cookie = 0;
+    {
+        ComPtr<IDispatch> sink;
+        sink.Attach(new PartingSink(point.Get(), parted));
+        Expect(SUCCEEDED(point->Advise(sink.Get(), &cookie)) && cookie == 1, "the sink is refused");
+    }
+    Expect(point->Unadvise(cookie) == S_OK && parted == 1, "the sink does not go once");
+}
+
+/// A server's class whose parameters have types: it takes a reference to nothing but a number.
+class TypedServer final : public windows::ComObject<IDispatch> {
+ public:
+    explicit TypedServer(HRESULT answer) : answer_(answer) {}
+    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+        *object = id == IID_IUnknown || id == IID_IDispatch ? this : nullptr;
+        return *object ? (AddRef(), S_OK) : E_NOINTERFACE;
+    }
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override { return *count = 0, S_OK; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID* ids) override { return *ids = 1, S_OK; }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT*, EXCEPINFO*, UINT*) override {
+        if (FAILED(answer_)) return answer_;
+        if (given->cArgs != 1 || given->rgvarg[0].vt != (VT_BYREF | VT_I4)) return DISP_E_TYPEMISMATCH;
+        *given->rgvarg[0].plVal += 1;
+        return S_OK;
+    }
+
+ private:
+    HRESULT answer_;
+};
+
+Ref<Object> NewTypedServer(HRESULT answer = S_OK) {
+    ComPtr<IDispatch> made;
+    made.Attach(new TypedServer(answer));
+    return windows::Inward(made.Get());
+}
+
+void TypedReferencesReachAServer() {
+    const Ref<Object> server = NewTypedServer();
+    Value number = 41;
+    server->Call("Count", Argument::ByRef(number));
+    Expect(number == Value(42), "the number does not come back");
+    Value text = "41";
+    Expect(ErrorOf([&] { server->Call("Count", Argument::ByRef(text)); }) == 13,
+           "a text is taken for a number");
+}
+
+void AServersResultIsToldInTheSystemsWords() {
+    const Ref<Object> server = NewTypedServer(E_ACCESSDENIED);
+    try {
+        server->Call("Count");
+    } catch (const Error& error) {
+        Expect(error.number() == static_cast<std::int32_t>(E_ACCESSDENIED), "another number");
+        Expect(error.description() != Describe(Automation::InvalidCall) && !error.description().empty() &&
+                   error.description().back() != '\n',
+               "another text: " + error.description());
+        return;
+    }
+    Expect(false, "the refusal is not heard");
+}
+
+void APutThatIsLeftOpenGoesByItsValue() {
+    const Ref<Object> report = CreateObject("QORArApRpt.Rpt10501");
+    const ComPtr<IDispatch> property = Outward(&ObjectIn(report->Get("Property")));
+    Variant arguments[] = {windows::ToVariant(-2), windows::ToVariant("ShowFilter")};
+    VARIANT borrowed[] = {*arguments[0], *arguments[1]};
+    DISPID put = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters{borrowed, &put, 2, 1};
+    Expect(property->Invoke(DISPID_VALUE, IID_NULL, 0, DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF,
+                            &parameters, nullptr, nullptr, nullptr) == S_OK,
+           "a number is refused");
+    Expect(report->Get("Property", "ShowFilter") == Value(-2), "the number did not arrive");
+}
+
+void AMissingArgumentMayBeHandedOn() {
+    const Ref<Object> report = CreateObject("QORArApRpt.Rpt10501");
+    const ComPtr<IDispatch> dispatch = Outward(report.get());
+    OLECHAR name[] = L"AddDataRight";
+    LPOLESTR names = name;
+    DISPID id = 0;
+    dispatch->GetIDsOfNames(IID_NULL, &names, 1, 0, &id);
+    VARIANT missing{}, reference{};
+    missing.vt = VT_ERROR;
+    missing.scode = DISP_E_PARAMNOTFOUND;
+    reference.vt = VT_BYREF | VT_VARIANT;
+    reference.pvarVal = &missing;
+    DISPPARAMS parameters{&reference, nullptr, 1, 0};
+    Expect(dispatch->Invoke(id, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr) == S_OK,
+           "what was left out is taken for a value");
+}
+
 constexpr HostCheck kChecks[] = {
     {"NamesAreFoundWithoutRegardToCase", NamesAreFoundWithoutRegardToCase},
     {"SurplusIndicesGoOnToTheAnswer", SurplusIndicesGoOnToTheAnswer},
@@ -262,6 +382,11 @@ constexpr HostCheck kChecks[] = {
     {"AHostsObjectMayFailAtAnyMoment", AHostsObjectMayFailAtAnyMoment},
     {"WhatIsNoDictionaryIsRefused", WhatIsNoDictionaryIsRefused},
     {"EventsAreHeard", EventsAreHeard},
+    {"ASinkMayUnadviseItselfAsItGoes", ASinkMayUnadviseItselfAsItGoes},
+    {"TypedReferencesReachAServer", TypedReferencesReachAServer},
+    {"AServersResultIsToldInTheSystemsWords", AServersResultIsToldInTheSystemsWords},
+    {"APutThatIsLeftOpenGoesByItsValue", APutThatIsLeftOpenGoesByItsValue},
+    {"AMissingArgumentMayBeHandedOn", AMissingArgumentMayBeHandedOn},
     {"TheBarRaisesActiveInsideItsShow", TheBarRaisesActiveInsideItsShow},
 };
 

@@ -1,6 +1,8 @@
 // Identity, reference counts, memory, and the end of the component.
 #include <psapi.h>
 
+#include <thread>
+
 #include "platform/dictionary.h"
 #include "tests/windows/host/host_checks.h"
 #include "windows/class_factory.h"
@@ -142,6 +144,29 @@ void ALockKeepsTheLibrary() {
     Expect(CanUnload(), "the component is still held");
 }
 
+/// What another thread with an apartment of its own gets for creating a report.
+HRESULT CreatedOnAnotherThread() {
+    HRESULT result = E_FAIL;
+    std::thread([&] {
+        CoInitialize(nullptr);
+        CLSID id;
+        CLSIDFromProgID(L"QORArApRpt.Rpt10522", &id);
+        {
+            ComPtr<IDispatch> made;
+            result = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&made));
+        }
+        CoUninitialize();
+    }).join();
+    return result;
+}
+
+void ReportsLiveOnOneThread() {
+    Expect(SUCCEEDED(CreatedOnAnotherThread()), "a thread of its own gets no report");
+    const Ref<Object> report = CreateObject("QORArApRpt.Rpt10522");  // the other thread has ended
+    Expect(CreatedOnAnotherThread() == RPC_E_WRONG_THREAD, "two threads share the component");
+    Expect(report->Get("Property", "Name") == Value("收入类别明细表"), "the first thread's report suffered");
+}
+
 constexpr HostCheck kChecks[] = {
     {"EveryClassCanBeCreated", EveryClassCanBeCreated},
     {"AnObjectIsTheSameEachTime", AnObjectIsTheSameEachTime},
@@ -150,6 +175,7 @@ constexpr HostCheck kChecks[] = {
     {"TenThousandCreationsLeaveMemoryFlat", TenThousandCreationsLeaveMemoryFlat},
     {"TheLibraryGoesWhenNobodyUsesIt", TheLibraryGoesWhenNobodyUsesIt},
     {"ALockKeepsTheLibrary", ALockKeepsTheLibrary},
+    {"ReportsLiveOnOneThread", ReportsLiveOnOneThread},
 };
 
 }  // namespace
