@@ -80,6 +80,22 @@ void TheTypeLibraryTellsEveryMember() {
     }
 }
 
+/// What an early-bound host follows first: each interface is one of late binding.
+void TheInterfacesRestOnLateBinding() {
+    for (const windows::PublicClass& known : windows::PublicClasses()) {
+        ComPtr<ITypeInfo> info, base;
+        Expect(SUCCEEDED(Create(known.ProgId())->GetTypeInfo(0, 0, &info)), known.name + " is not described");
+        HREFTYPE reference = 0;
+        Expect(SUCCEEDED(info->GetRefTypeOfImplType(0, &reference)), known.name + " rests on nothing");
+        Expect(SUCCEEDED(info->GetRefTypeInfo(reference, &base)), known.name + " rests on what is not there");
+        TYPEATTR* attributes = nullptr;
+        base->GetTypeAttr(&attributes);
+        const GUID id = attributes->guid;
+        base->ReleaseTypeAttr(attributes);
+        Expect(id == IID_IDispatch, known.name + " rests on another interface");
+    }
+}
+
 void TheTypeLibraryIsRegistered() {
     ComPtr<ITypeLib> library;
     Expect(SUCCEEDED(LoadRegTypeLib(ToGuid(windows::kLibraryId), 1, 0, LOCALE_NEUTRAL, &library)),
@@ -165,6 +181,7 @@ void RegistrationGoesAsItCame() {
 
 constexpr HostCheck kChecks[] = {
     {"TheTypeLibraryTellsEveryMember", TheTypeLibraryTellsEveryMember},
+    {"TheInterfacesRestOnLateBinding", TheInterfacesRestOnLateBinding},
     {"TheTypeLibraryIsRegistered", TheTypeLibraryIsRegistered},
     {"BothWidthsHaveTheTypeLibrary", BothWidthsHaveTheTypeLibrary},
     {"EventsAreDescribed", EventsAreDescribed},
