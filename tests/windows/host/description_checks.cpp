@@ -179,12 +179,31 @@ void RegistrationGoesAsItCame() {
            "it cannot be registered again");
 }
 
+/// Hosts of the other width find the class by the same name.
+void ANameStaysForTheOtherWidth() {
+    const windows::PublicClass& known = windows::PublicClasses()[0];
+    const windows::RegisteredClass registered{"QORTest.BothWidths", known.InterfaceId(), false};
+    const std::wstring other = L"Software\\Classes\\CLSID\\" + windows::BracedId(registered.id);
+    HKEY key = nullptr;
+    RegCreateKeyExW(HKEY_LOCAL_MACHINE, other.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS | KEY_WOW64_32KEY,
+                    nullptr, &key, nullptr);
+    RegCloseKey(key);
+    windows::WriteClass(HKEY_LOCAL_MACHINE, registered);
+    windows::RemoveClass(HKEY_LOCAL_MACHINE, registered);
+    const bool stays = windows::HasClassesKey(HKEY_LOCAL_MACHINE, L"QORTest.BothWidths");
+    RegDeleteKeyExW(HKEY_LOCAL_MACHINE, other.c_str(), KEY_WOW64_32KEY, 0);
+    windows::RemoveClass(HKEY_LOCAL_MACHINE, registered);
+    Expect(stays, "the name went with one width");
+    Expect(!windows::HasClassesKey(HKEY_LOCAL_MACHINE, L"QORTest.BothWidths"), "the name stays for nobody");
+}
+
 constexpr HostCheck kChecks[] = {
     {"TheTypeLibraryTellsEveryMember", TheTypeLibraryTellsEveryMember},
     {"TheInterfacesRestOnLateBinding", TheInterfacesRestOnLateBinding},
     {"TheTypeLibraryIsRegistered", TheTypeLibraryIsRegistered},
     {"BothWidthsHaveTheTypeLibrary", BothWidthsHaveTheTypeLibrary},
     {"EventsAreDescribed", EventsAreDescribed},
+    {"ANameStaysForTheOtherWidth", ANameStaysForTheOtherWidth},
     {"RegistrationGoesAsItCame", RegistrationGoesAsItCame},
 };
 
