@@ -1,5 +1,7 @@
 #include "windows/bridge.h"
 
+#include <memory_resource>
+#include <typeinfo>
 #include <unordered_map>
 
 #include "windows/dispatch_object.h"
@@ -13,9 +15,13 @@ namespace {
 /// Everything that is known on both sides now. The library lives on the host's user-interface thread, and so
 /// does this.
 struct KnownObjects {
-    std::unordered_map<Object*, DispatchObject*> outward;   // ours, that somebody outside holds
-    std::unordered_map<IUnknown*, DispatchObject*> own;     // the same by their identities
-    std::unordered_map<IUnknown*, ForeignObject*> foreign;  // others', that somebody here holds
+    template <class Key, class Found>
+    using Map = std::pmr::unordered_map<Key*, Found*>;
+
+    std::pmr::unsynchronized_pool_resource memory;  // objects come and go with every field that is read
+    Map<Object, DispatchObject> outward{&memory};   // ours, that somebody outside holds
+    Map<IUnknown, DispatchObject> own{&memory};     // the same by their identities
+    Map<IUnknown, ForeignObject> foreign{&memory};  // others', that somebody here holds
 };
 
 KnownObjects& Known() {
@@ -24,7 +30,7 @@ KnownObjects& Known() {
 }
 
 template <class Key, class Found>
-Found* FindIn(const std::unordered_map<Key*, Found*>& objects, Key* key) {
+Found* FindIn(const std::pmr::unordered_map<Key*, Found*>& objects, Key* key) {
     const auto found = objects.find(key);
     return found == objects.end() ? nullptr : found->second;
 }
@@ -52,8 +58,8 @@ void ForgetForeign(IUnknown* identity) { Known().foreign.erase(identity); }
 ComPtr<IDispatch> Outward(Object* object) {
     if (!object) return {};
     Object& identity = object->Identity();
-    if (auto* foreign = dynamic_cast<ForeignObject*>(&identity)) return foreign->dispatch();
     if (DispatchObject* known = FindIn(Known().outward, &identity)) return known;
+    if (typeid(identity) == typeid(ForeignObject)) return static_cast<ForeignObject&>(identity).dispatch();
     ComPtr<IDispatch> made;
     made.Attach(new DispatchObject(identity));
     return made;

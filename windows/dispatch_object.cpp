@@ -1,5 +1,8 @@
 #include "windows/dispatch_object.h"
 
+#include <algorithm>
+#include <array>
+#include <memory_resource>
 #include <vector>
 
 #include "windows/enumerator.h"
@@ -34,43 +37,53 @@ bool IsMissing(const VARIANT& variant) {
 /// The arguments of one call, in the order of the parameters, with room for what comes back by reference.
 class IncomingArguments {
  public:
-    explicit IncomingArguments(const DISPPARAMS& parameters) : values_(parameters.cArgs) {
+    explicit IncomingArguments(const DISPPARAMS& parameters) : parameters_(parameters) {
         const UINT count = parameters.cArgs;
-        variants_.reserve(count);
         arguments_.reserve(count);
+        if (std::any_of(parameters.rgvarg, parameters.rgvarg + count, &IsByRef)) values_.reserve(count);
         for (UINT i = 0; i < count; ++i) {
-            const VARIANT& variant = parameters.rgvarg[count - 1 - i];
-            variants_.push_back(&variant);
+            const VARIANT& variant = VariantOf(i);
             if (IsMissing(variant)) {
                 arguments_.push_back(Argument::Missing());
-                continue;
-            }
-            values_[i] = FromVariant(variant);
-            if (variant.vt & VT_BYREF) {
-                arguments_.push_back(Argument::ByRef(values_[i]));
+            } else if (IsByRef(variant)) {
+                const Value value = FromVariant(variant);
+                Passed& passed = values_.emplace_back(Passed{i, value, value});
+                arguments_.push_back(Argument::ByRef(passed.now));
             } else {
-                arguments_.emplace_back(values_[i]);
+                arguments_.emplace_back(FromVariant(variant));
             }
         }
-        before_ = values_;
     }
 
     Arguments arguments() { return arguments_; }
 
     HRESULT HandBack() const {
-        for (std::size_t i = 0; i < values_.size(); ++i) {
-            if (!(variants_[i]->vt & VT_BYREF) || values_[i] == before_[i]) continue;
-            if (const HRESULT result = PutThroughReference(*variants_[i], values_[i]); FAILED(result))
-                return result;
+        for (const Passed& passed : values_) {
+            if (passed.now == passed.before) continue;
+            const HRESULT result = PutThroughReference(VariantOf(passed.argument), passed.now);
+            if (FAILED(result)) return result;
         }
         return S_OK;
     }
 
  private:
-    std::vector<Value> values_;
-    std::vector<Value> before_;
-    std::vector<const VARIANT*> variants_;
-    std::vector<Argument> arguments_;
+    /// The caller's variable behind an argument.
+    struct Passed {
+        UINT argument;
+        Value now, before;
+    };
+
+    static bool IsByRef(const VARIANT& variant) { return (variant.vt & VT_BYREF) != 0; }
+    const VARIANT& VariantOf(UINT argument) const {
+        return parameters_.rgvarg[parameters_.cArgs - 1 - argument];
+    }
+
+    const DISPPARAMS& parameters_;
+    // The few arguments of most calls need no allocation.
+    std::array<std::byte, 512> room_;
+    std::pmr::monotonic_buffer_resource memory_{room_.data(), room_.size()};
+    std::pmr::vector<Passed> values_{&memory_};
+    std::pmr::vector<Argument> arguments_{&memory_};
 };
 
 // Over the border 0 is the default member; others are the row of the member table and 1.
@@ -85,7 +98,9 @@ MemberId FromDispid(Object& object, DISPID id) {
 }  // namespace
 
 DispatchObject::DispatchObject(Object& object)
-    : object_(&object), class_(PublicClassOf(object)), events_(EventSource::Of(object, *this)) {
+    : object_(&object),
+      class_(PublicClassOf(object)),
+      events_(class_ ? EventSource::Of(object, *this) : nullptr) {
     RememberOutward(object, *this);
 }
 

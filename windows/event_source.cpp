@@ -1,5 +1,6 @@
 #include "windows/event_source.h"
 
+#include <initializer_list>
 #include <map>
 #include <vector>
 
@@ -87,13 +88,14 @@ class ConnectionPoint : public IConnectionPoint {
 
     /// A sink that fails keeps neither the others nor the object from going on; one that another takes away
     /// meanwhile hears no more.
-    void RaiseEvent(DISPID event, std::vector<Value> arguments) {
+    void RaiseEvent(DISPID event, std::initializer_list<Value> arguments) {
+        if (sinks_.empty()) return;
         const ComPtr<IDispatch> kept(&owner_);
         for (const auto& [cookie, sink] : std::map(sinks_)) {
             if (!sinks_.contains(cookie)) continue;
             std::vector<Variant> owned;
             std::vector<VARIANT> reversed;
-            for (auto value = arguments.rbegin(); value != arguments.rend(); ++value) {
+            for (auto value = std::rbegin(arguments); value != std::rend(arguments); ++value) {
                 reversed.push_back(*owned.emplace_back(ToVariant(*value)));
             }
             DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};

@@ -1,5 +1,8 @@
 #include "windows/foreign_object.h"
 
+#include <algorithm>
+#include <array>
+#include <memory_resource>
 #include <vector>
 
 #include "windows/outward_objects.h"
@@ -65,8 +68,8 @@ Ref<Object> ForeignObject::Borrowed(IDispatch* dispatch) {
 }
 
 MemberId ForeignObject::FindMember(std::string_view name) {
-    const std::string key(name);
-    if (const auto found = members_.find(key); found != members_.end()) return found->second;
+    const auto known = std::ranges::find(members_, name, &Known::name);
+    if (known != members_.end()) return known->member;
     DISPID id = DISPID_UNKNOWN;
     const Bstr wide(name);
     HRESULT result = E_NOTIMPL;
@@ -80,7 +83,7 @@ MemberId ForeignObject::FindMember(std::string_view name) {
         RaiseFromCom(result, info);
     }
     if (FAILED(result)) return kNoMember;  // not kept: a script's object may get the member yet
-    members_.emplace(key, id);
+    members_.push_back({std::string(name), id});
     return id;
 }
 
@@ -98,9 +101,11 @@ HRESULT ForeignObject::InvokeAs(MemberId member, WORD flags, DISPPARAMS& paramet
 
 Value ForeignObject::Invoke(MemberId member, InvokeKind kind, Arguments arguments) {
     const bool isPut = kind == InvokeKind::Put || kind == InvokeKind::PutRef;
-    std::vector<Passed> passed;
+    std::array<std::byte, 512> room;  // the few arguments of most calls need no allocation
+    std::pmr::monotonic_buffer_resource memory(room.data(), room.size());
+    std::pmr::vector<Passed> passed(&memory);
     passed.reserve(arguments.size());
-    std::vector<VARIANT> reversed(arguments.size());  // automation passes arguments last first
+    std::pmr::vector<VARIANT> reversed(arguments.size(), &memory);  // automation passes arguments last first
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         Argument& argument = arguments[i];
         Passed& slot = passed.emplace_back(Passed{argument.IsMissing() ? Variant() : ToVariant(*argument)});

@@ -4,7 +4,7 @@
 #include <dispex.h>
 
 #include <string>
-#include <unordered_map>
+#include <vector>
 
 #include "windows/bridge.h"
 
@@ -29,6 +29,10 @@ class ForeignObject final : public Object {
     IDispatch* dispatch() const { return dispatch_.Get(); }
 
  private:
+    struct Known {
+        std::string name;
+        MemberId member;
+    };
     enum class Borrowing { Borrows };
     ForeignObject(IDispatch* dispatch, Borrowing) : borrowed_(true) { dispatch_.Attach(dispatch); }
 
@@ -38,7 +42,7 @@ class ForeignObject final : public Object {
     IUnknown* identity_ = nullptr;    // stands as long as `dispatch_` does; null for a borrowed object
     ComPtr<IDispatchEx> dispatchEx_;  // script classes of a host answer only this one
     bool borrowed_ = false;
-    std::unordered_map<std::string, MemberId> members_;  // looked up once
+    std::vector<Known> members_;  // looked up once; few of one object are ever asked for
 };
 
 }  // namespace qor::windows

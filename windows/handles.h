@@ -23,7 +23,7 @@ std::string Narrow(std::wstring_view text);
 /// An owned BSTR.
 class Bstr {
  public:
-    explicit Bstr(std::string_view text) : Bstr(std::wstring_view(Wide(text))) {}
+    explicit Bstr(std::string_view text);
     explicit Bstr(std::wstring_view text)
         : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
     Bstr(const Bstr&) = delete;

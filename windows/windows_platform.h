@@ -11,7 +11,7 @@
 
 namespace qor::windows {
 
-class WindowsPlatform final : public Platform {
+class WindowsPlatform : public Platform {
  public:
     WindowsPlatform();
 

@@ -65,7 +65,8 @@ class BrokenTree : public testing::TestWithParam<Breach> {
         // What the includes of the rows below name.
         for (const char* header : {"src/platform/value.h", "src/dialogs/plain_dialog.h", "src/progress/bar.h",
                                    "src/report/column_table.h", "src/report/report_object.h",
-                                   "src/reports/income/category_detail.h", "viewer/report_view.h"})
+                                   "src/reports/income/category_detail.h", "viewer/report_view.h",
+                                   "windows/bridge.h", "windows/form_window.h", "tests/support/person.h"})
             Write(header, "#pragma once\n");
     }
     void TearDown() override { fs::remove_all(root_); }
@@ -106,6 +107,14 @@ const Breach kBreaches[] = {
      "embedded may not include report"},
     {"OutsideFromInside", "floors", "src/library.cpp", "#include \"viewer/report_view.h\"\n",
      "library may not include viewer"},
+    {"BorderIncludesWindow", "floors", "windows/dispatch_object.cpp", "#include \"windows/form_window.h\"\n",
+     "border may not include drawn"},
+    {"WindowIncludesBorder", "floors", "windows/grid_window.cpp", "#include \"windows/bridge.h\"\n",
+     "drawn may not include border"},
+    {"WindowIncludesReport", "floors", "windows/frame_bar.cpp",
+     "#include \"reports/income/category_detail.h\"\n", "drawn may not include reports"},
+    {"ComponentIncludesTest", "floors", "windows/exports.cpp", "#include \"support/person.h\"\n",
+     "component may not include support"},
     {"NoSuchFile", "floors", "src/platform/a.h", "#include \"platform/b.h\"\n", "no file"},
     {"NoRoom", "floors", "src/a.h", "\n", "stands in no room"},
     {"ForeignHeader", "portable", "src/services/a.cpp", "#include <windows.h>\n", "is no standard header"},

@@ -1,6 +1,7 @@
 # Who may include whom: a room, the paths that it is made of (the first line that fits counts), and the
 # rooms that it may include beside itself. A report's host and its server components stand outside: they
-# reach reports and dialogs late bound, by name, so viewer/ may not include them.
+# reach reports and dialogs late bound, by name, so viewer/ may not include them. Of the component for Windows,
+# the border knows no window, and what is drawn knows neither the border nor a report.
 floors='
 platform  src/platform/
 services  src/services/   platform
@@ -14,11 +15,18 @@ library   src/library     platform services process tables progress report dialo
 frames    frames/         platform services process
 embedded  embedded/       platform services process frames
 viewer    viewer/         platform services process tables library frames embedded
+support   tests/
+pictures  windows/pictures/  platform progress library handles support
+types     windows/types/     platform progress library
+handles   windows/(handles|com_ptr|instance|module|prelude)[.]  types
+border    windows/(bridge|class_factory|class_registration|com_object|dispatch_object|enumerator|errors|event_source|foreign_object|list_enumerator|name_index|outward_objects|type_library|variants)[.]  platform progress types handles
+component windows/(component_process|exports|registration|windows_platform)[.]  platform process library frames types handles border drawn
+drawn     windows/        platform dialogs handles
 '
 
 # Prints "file:line: what" for each include of the given files that the table does not allow.
 check_floors() {
-    matching '^(src|frames|embedded|viewer)/.*\.(h|cpp)$' | xargs -r awk -v table="$floors" -v paths="$all" '
+    matching '^(src|frames|embedded|viewer|windows)/.*\.(h|cpp)$' | xargs -r awk -v table="$floors" -v paths="$all" '
         function room_of(path,   i) {
             for (i = 1; i <= rooms; ++i)
                 if (path ~ "^" pattern[i]) return name[i]
@@ -42,7 +50,9 @@ check_floors() {
         }
         own != "" && match($0, /^#include "[^"]+"/) {
             included = substr($0, RSTART + 10, RLENGTH - 11)
-            target = ("src/" included) in exists ? "src/" included : included
+            target = included
+            if (("src/" included) in exists) target = "src/" included
+            else if (("tests/" included) in exists) target = "tests/" included
             if (!(target in exists)) { print FILENAME ":" FNR ": no file \"" included "\""; next }
             other = room_of(target)
             if (!((own, other) in allowed))

@@ -18,6 +18,7 @@ struct HostCheck {
 std::span<const HostCheck> LifeChecks();
 std::span<const HostCheck> CallChecks();
 std::span<const HostCheck> DescriptionChecks();
+std::span<const HostCheck> RegistrationChecks();
 
 /// Raises, with the line, where `holds` is false.
 void Expect(bool holds, std::string_view what,
