@@ -59,6 +59,8 @@ class ControlWindow {
     /// Hands over what was typed and is taken only when the keyboard leaves.
     virtual void FinishTyping() {}
     virtual bool TakeMnemonic(wchar_t letter) { return (void)letter, false; }
+    /// Its native window never asks for the keyboard: what the user does there moves the focus by itself.
+    virtual bool MovesFocus() const { return false; }
     /// Its background where that is not the system's own.
     virtual HBRUSH Background() const { return nullptr; }
     /// Sets the pairs of windows that work together, when all windows of the form stand.

@@ -237,7 +237,7 @@ void FormWindow::TakeNativeFocus(HWND window) {
 }
 
 bool FormWindow::MayAct(ControlWindow& drawn) const {
-    return !drawn.control().TakesFocus() || form_.focus() == &drawn.control();
+    return !drawn.control().TakesFocus() || drawn.MovesFocus() || form_.focus() == &drawn.control();
 }
 
 LRESULT CALLBACK FormWindow::ControlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,

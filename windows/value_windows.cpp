@@ -190,9 +190,15 @@ class SpinWindow final : public ControlWindow {
     LRESULT Notify(const NMHDR& header) override {
         if (header.code != static_cast<UINT>(UDN_DELTAPOS)) return 0;
         auto& spin = static_cast<Spin&>(control());
-        User(spin.form()).Spin(spin, spin.value() + reinterpret_cast<const NMUPDOWN&>(header).iDelta);
+        const std::int32_t wanted = spin.value() + reinterpret_cast<const NMUPDOWN&>(header).iDelta;
+        if (header.idFrom == kByKey) {
+            if (spin.IsShown() && spin.IsUsable()) spin.SetValue(wanted);  // the focus stays in the box
+        } else {
+            User(spin.form()).Spin(spin, wanted);
+        }
         return 1;  // the model decides where it stands
     }
+    bool MovesFocus() const override { return true; }
     /// The box that it stands flush against has its arrow keys.
     void Join(ControlWindow& other) override {
         const Bounds& own = control().bounds();
@@ -206,6 +212,8 @@ class SpinWindow final : public ControlWindow {
     }
 
  private:
+    static constexpr UINT_PTR kByKey = 1;  // as the id of the control that tells; the system has none here
+
     /// Up and down in the box are presses of the arrows.
     static LRESULT CALLBACK KeysOfBox(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR spin,
                                       DWORD_PTR) {
@@ -213,7 +221,7 @@ class SpinWindow final : public ControlWindow {
             return DefSubclassProc(box, message, wParam, lParam);
         }
         const auto arrows = reinterpret_cast<HWND>(spin);
-        NMUPDOWN press{{arrows, 0, static_cast<UINT>(UDN_DELTAPOS)}, 0, wParam == VK_UP ? 1 : -1};
+        NMUPDOWN press{{arrows, kByKey, static_cast<UINT>(UDN_DELTAPOS)}, 0, wParam == VK_UP ? 1 : -1};
         SendMessageW(GetParent(box), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&press));
         return 0;
     }

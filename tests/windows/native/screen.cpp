@@ -37,6 +37,16 @@ void Screen::Press(std::string_view caption) {
     throw Error(0, "test", "no button " + std::string(caption));
 }
 
+void Screen::ClickAtLeft(std::string_view control) {
+    const HWND window = WindowOf(control);
+    RECT area{};
+    GetClientRect(window, &area);
+    const LPARAM place = MAKELPARAM(10, area.bottom / 2);
+    SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, place);
+    SendMessageW(window, WM_LBUTTONUP, 0, place);
+    NativePlay::Settle();
+}
+
 void Screen::PickEntry(std::string_view list, int entry) {
     const HWND window = WindowOf(list);
     SetFocus(window);
@@ -53,6 +63,13 @@ void Screen::Tab() {
 
 void Screen::Mnemonic(wchar_t letter) {
     window_->TranslateKey({GetFocus(), WM_SYSCHAR, letter, 1, 0, {}});
+    NativePlay::Settle();
+}
+
+void Screen::AltKey(WPARAM keyCode) {
+    constexpr LPARAM kAltIsDown = LPARAM{1} << 29;
+    const MSG key{GetFocus(), WM_SYSKEYDOWN, keyCode, kAltIsDown | 1, 0, {}};
+    if (!window_->TranslateKey(key)) SendMessageW(key.hwnd, key.message, key.wParam, key.lParam);
     NativePlay::Settle();
 }
 

@@ -23,10 +23,14 @@ class Screen {
 
     /// Presses the button that is so captioned.
     void Press(std::string_view caption);
+    /// The left mouse button on a control's left end.
+    void ClickAtLeft(std::string_view control);
     void PickEntry(std::string_view list, int entry);
     void Tab();
     /// A letter with the Alt key.
     void Mnemonic(wchar_t letter);
+    /// Any other key with the Alt key.
+    void AltKey(WPARAM keyCode);
     /// The name of the control that has the keyboard, or the caption of a window without one.
     std::string Focused() const;
     /// Plays the person in the next form that comes up over this one.
