@@ -18,11 +18,8 @@ struct Child {
 };
 
 void Tell(const RunCost& cost) {
-    std::cout << nlohmann::json{{"rows", cost.rows},
-                                {"first", cost.first},
-                                {"last", cost.last},
-                                {"peakKiB", cost.peakKiB},
-                                {"answered", cost.answered}};
+    std::cout << nlohmann::json{
+        {"rows", cost.rows}, {"first", cost.first}, {"last", cost.last}, {"peakKiB", cost.peakKiB}};
 }
 
 void AddChild(CLI::App& program, const char* name, Child& child, const std::function<RunCost()>& measure) {

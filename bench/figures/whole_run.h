@@ -14,7 +14,6 @@ struct RunCost {
     double first = 0;  // seconds of the processor until the first row is read
     double last = 0;   // ... and until the last one is
     std::int64_t peakKiB = 0;
-    bool answered = true;  // the account set computes this report
 };
 
 /// The whole span of the firm's books, in the best of some runs.
