@@ -4,9 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "embedded/cash_rows.h"
 #include "embedded/import_fixture.h"
+#include "embedded/import_values.h"
 #include "embedded/sample_fixture.h"
+#include "platform/conversions.h"
 #include "support/raises.h"
 
 namespace qor {
@@ -60,6 +64,31 @@ TEST(ImportFolder, TheExamplesReportsTellItsBooks) {
     EXPECT_EQ(text,
               "维修服务收入 宁波港城会计师事务所 680.000000\n维修服务收入 宁波港城会计师事务所 -80.000000\n"
               "安装调试收入 杭州云栖软件有限公司 400.000000\n利息收入  83.150000\n");
+}
+
+/// "01.01.001 0.00" for each party of a summary of the half year that the example firm has behind it.
+std::string BalancesOf(const FirmFolder& folder, const char* member, const char* code) {
+    MiddleTier tier(folder.books(), 1);
+    const Ref<RecordSet> rows = test::AskReport(
+        tier, "QORMArApRpt.Data", member,
+        test::Filter({{"BDate", "2025-01-01"}, {"EDate", "2025-06-30"}, {"CheckState", std::int16_t{0}}}));
+    std::string text;
+    for (; !rows->Eof(); rows->Move(1)) {
+        if (ToInt32(rows->Field("FSumSort")) > 0) continue;
+        const auto cents = std::llround(rows->Field("FBalanceAmount").number() * 100);
+        text += rows->Field(code).text() + " " + CentsText(cents) + "\n";
+    }
+    return text;
+}
+
+TEST(ImportFolder, TheExamplesBalancesAreThoseWorkedOutByHand) {
+    const FirmFolder folder;
+    ASSERT_EQ(folder.Import(), "");
+    EXPECT_EQ(BalancesOf(folder, "GetRpt10503Data", "FCustNumber"),
+              "01.01.001 0.00\n01.01.002 500.00\n01.02.001 4830.00\n02.001 516.00\n02.002 1881.00\n"
+              "02.003 26900.00\n03 0.00\n");
+    EXPECT_EQ(BalancesOf(folder, "GetRpt10505Data", "FSupplyNumber"),
+              "01.001 10656.00\n01.002 3070.00\n02.001 17650.00\n02.002 0.00\n02.003 2860.00\n");
 }
 
 TEST(ImportFolder, BlanksAreFilledWithWhatIsUsual) {
