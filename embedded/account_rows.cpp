@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "embedded/account_side.h"
 #include "embedded/item_texts.h"
 #include "embedded/money.h"
+#include "embedded/rows_by_account.h"
 
 namespace qor {
 
@@ -23,7 +25,7 @@ struct BillRow {
     LedgerSums sums;
     const ItemTexts::Texts* department;
     const ItemTexts::Texts* employee;
-    Value number, explanation;
+    std::size_t texts;  // number and explanation
 };
 
 /// The account of one party.
@@ -31,7 +33,7 @@ struct Account {
     LedgerParty party;
     std::int64_t opening = 0;
     LedgerSums current{};
-    std::vector<BillRow> bills{};
+    std::span<const BillRow> bills{};  // of the period, by day, within a day as they were entered
 
     std::int64_t Closing() const { return opening + current.Balance(); }
 };
@@ -58,7 +60,7 @@ class Detail {
         set_->Reserve(rows);
         LedgerSums all;
         std::int64_t closing = 0;
-        for (Account& account : accounts_) {
+        for (const Account& account : accounts_) {
             WriteAccount(account);
             all += account.current;
             closing += account.Closing();
@@ -74,8 +76,8 @@ class Detail {
         for (const LedgerParty& party : ledger.parties()) {
             accounts_.push_back({party});
         }
+        bills_.emplace(accounts_.size());
         const bool withoutZeroBills = filter_.Flag("NotShowBillZero");
-        SharedTexts explanations;
         while (ledger.Next()) {
             const Movement& movement = ledger.movement();
             Account& account = accounts_[movement.party];
@@ -87,14 +89,17 @@ class Detail {
             if (withoutZeroBills && movement.sums.AreZero()) continue;
             constexpr int kMore = PartyLedger::kMore;
             const Statement& row = ledger.row();
-            account.bills.push_back({.day = movement.day,
-                                     .bill = movement.bill,
-                                     .kind = movement.kind,
-                                     .sums = movement.sums,
-                                     .department = &items_.Of(row.Int(kMore)),
-                                     .employee = &items_.Of(row.Int(kMore + 1)),
-                                     .number = row.Text(kMore + 2),
-                                     .explanation = explanations.Share(row.Text(kMore + 3))});
+            bills_->Add(movement.party, {.day = movement.day,
+                                         .bill = movement.bill,
+                                         .kind = movement.kind,
+                                         .sums = movement.sums,
+                                         .department = &items_.Of(row.Int(kMore)),
+                                         .employee = &items_.Of(row.Int(kMore + 1)),
+                                         .texts = texts_.Add({row.Text(kMore + 2), row.Text(kMore + 3)})});
+        }
+        bills_->Deal([](const BillRow& row) { return std::pair(row.day, row.bill); });
+        for (std::size_t i = 0; i < accounts_.size(); ++i) {
+            accounts_[i].bills = bills_->Of(i);
         }
         std::erase_if(accounts_, [&](const Account& account) { return IsHidden(account); });
     }
@@ -105,26 +110,25 @@ class Detail {
         return filter_.Flag("NotShowBillZero") || (!account.party.current && account.opening == 0);
     }
 
-    void WriteAccount(Account& account) {
-        const auto order = [](const BillRow& row) { return std::pair(row.day, row.bill); };
-        if (!std::ranges::is_sorted(account.bills, {}, order)) std::ranges::sort(account.bills, {}, order);
+    void WriteAccount(const Account& account) {
         const ItemTexts::Texts& party = items_.Of(account.party.id);
         WriteSummary(account.party, "期初余额", party.number.text() + " " + party.name.text(), {},
                      account.opening, kRow);
         std::int64_t balance = account.opening;
-        for (BillRow& bill : account.bills) {
+        for (const BillRow& bill : account.bills) {
             balance += bill.sums.Balance();
             WriteBill(account.party, bill, balance);
         }
         WriteSummary(account.party, "小计", "", account.current, balance, kPartyTotal);
     }
 
-    void WriteBill(const LedgerParty& party, BillRow& bill, std::int64_t balance) {
+    void WriteBill(const LedgerParty& party, const BillRow& bill, std::int64_t balance) {
+        RowTexts::Reader texts = texts_.From(bill.texts);
         column_ = 0;
         AddCell(Date{static_cast<double>(bill.day)});
         AddCell(kindNames_[static_cast<std::size_t>(bill.kind)]);
-        AddCell(std::move(bill.number));
-        AddCell(std::move(bill.explanation));
+        AddCell(texts.Next());
+        AddCell(explanations_.Share(texts.Next()));
         AddAmounts(bill.sums, balance);
         AddCell(bill.department->name);
         AddCell(bill.employee->name);
@@ -172,6 +176,9 @@ class Detail {
     ItemTexts items_;
     std::array<Value, std::size(kBillKinds) + 1> kindNames_;  // by kind
     std::vector<Account> accounts_;
+    std::optional<RowsByAccount<BillRow>> bills_;
+    RowTexts texts_;
+    SharedTexts explanations_;
     Ref<ColumnarRecordSet> set_;
     std::size_t column_ = 0;
     const Value blank_ = "";

@@ -4,11 +4,11 @@
 #include <cmath>
 #include <limits>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "embedded/money.h"
 #include "embedded/open_amounts.h"
+#include "embedded/place_by_id.h"
 #include "embedded/report_conditions.h"
 #include "embedded/right_clause.h"
 #include "platform/conversions.h"
@@ -80,7 +80,8 @@ class AgedParties {
                                               conditions.Text() + " ORDER BY i.FNumber");
         conditions.BindTo(parties);
         while (parties.Step()) {
-            places_[parties.Int(0)] = rows_.size();
+            places_.Put(parties.Int(0), rows_.size());
+            ids_.push_back(parties.Int(0));
             rows_.push_back({.number = parties.Text(1),
                              .name = parties.Text(2),
                              .byGroup = std::vector<std::int64_t>(groups)});
@@ -88,13 +89,15 @@ class AgedParties {
     }
 
     Row* Find(std::int64_t party) {
-        const auto found = places_.find(party);
-        return found == places_.end() ? nullptr : &rows_[found->second];
+        const std::size_t place = places_.Of(party);
+        return place == PlaceById::kNowhere ? nullptr : &rows_[place];
     }
+    const std::vector<std::int64_t>& ids() const { return ids_; }
     const std::vector<Row>& rows() const { return rows_; }  // by code
 
  private:
-    std::unordered_map<std::int64_t, std::size_t> places_;
+    PlaceById places_;
+    std::vector<std::int64_t> ids_;
     std::vector<Row> rows_;
 };
 
@@ -123,10 +126,11 @@ Ref<RecordSet> Ageing(AccountSet& set, const Dictionary& dictionary) {
         filter.Number("cmbClassType").value_or(0) == 0 ? PartySide::Customer : PartySide::Supplier;
     const std::vector<AgeGroup> groups = GroupsOf(dictionary);
     AgedParties parties(set, side, dictionary, groups.size());
-    const std::vector<OpenAmount> amounts =
-        OpenAmounts(set, {.side = side,
-                          .day = filter.Day("EDate"),
-                          .checkState = static_cast<std::int32_t>(BillState::Audited)});
+    OpenQuery query{.side = side,
+                    .day = filter.Day("EDate"),
+                    .checkState = static_cast<std::int32_t>(BillState::Audited)};
+    if (query.day) query.parties = parties.ids();  // without it the last bill of all says how old each is
+    const std::vector<OpenAmount> amounts = OpenAmounts(set, query);
     const std::int64_t cutOff = filter.Day("EDate").value_or(LastDayOf(amounts));
     const bool withOthers = filter.Flag("chkRPOher", true);
     for (const OpenAmount& amount : amounts) {

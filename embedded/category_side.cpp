@@ -1,10 +1,30 @@
 #include "embedded/category_side.h"
 
+#include "embedded/narrow_bills.h"
 #include "platform/conversions.h"
 
 namespace qor {
 
-Conditions CategoryBills(const CategorySide& side, const Dictionary& dictionary) {
+namespace {
+
+/// A narrow range is looked up by party, a wide one is left to the index of kinds and days: by party it would
+/// read bills of all kinds.
+void AddParties(Conditions& conditions, AccountSet& set, const CategorySide& side,
+                const ReportFilter& filter) {
+    const std::string first = filter.Code(side.firstPartyKey), last = filter.Code(side.lastPartyKey);
+    if (first.empty() && last.empty()) return;
+    Conditions range;
+    AddCodeRange(range, "i.FItemID", side.parties, first, last);
+    Statement count(set.database(), "SELECT count(*) FROM t_Item i WHERE " + range.Text());
+    range.BindTo(count);
+    const bool few =
+        count.Step() && AreFewParties(set, side.partySide, static_cast<std::size_t>(count.Int(0)));
+    AddCodeRange(conditions, few ? side.partyColumn : side.everyPartyColumn, side.parties, first, last);
+}
+
+}  // namespace
+
+Conditions CategoryBills(AccountSet& set, const CategorySide& side, const Dictionary& dictionary) {
     const ReportFilter filter(dictionary);
     Conditions conditions;
     if (filter.Flag("chkIncludeOther")) {
@@ -15,8 +35,7 @@ Conditions CategoryBills(const CategorySide& side, const Dictionary& dictionary)
     }
     AddDayRange(conditions, "b.FDate", filter.Day("DtpBDate"), filter.Day("DtpEDate"));
     AddCheckState(conditions, "b.FState", filter.Number("CheckState"));
-    AddCodeRange(conditions, side.partyColumn, side.parties, filter.Code(side.firstPartyKey),
-                 filter.Code(side.lastPartyKey));
+    AddParties(conditions, set, side, filter);
     AddPeople(conditions, filter);
     return conditions;
 }

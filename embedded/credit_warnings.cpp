@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string>
 #include <tuple>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -11,6 +10,7 @@
 #include "embedded/item_texts.h"
 #include "embedded/money.h"
 #include "embedded/open_amounts.h"
+#include "embedded/place_by_id.h"
 #include "embedded/right_clause.h"
 #include "platform/conversions.h"
 
@@ -52,21 +52,25 @@ class Parties {
                 conditions.Text() + " ORDER BY o.FNumber");
         conditions.BindTo(found);
         while (found.Step()) {
-            places_[found.Int(0)] = parties_.size();
+            places_.Put(found.Int(0), parties_.size());
             parties_.push_back({found.Int(0), found.Int(1), found.Int(2)});
         }
     }
 
     const Party& At(std::size_t place) const { return parties_[place]; }
     Party& At(std::size_t place) { return parties_[place]; }
-    const std::size_t* PlaceOf(std::int64_t id) const {
-        const auto found = places_.find(id);
-        return found == places_.end() ? nullptr : &found->second;
+    std::size_t PlaceOf(std::int64_t id) const { return places_.Of(id); }
+    std::vector<std::int64_t> Ids() const {
+        std::vector<std::int64_t> ids;
+        for (const Party& party : parties_) {
+            ids.push_back(party.id);
+        }
+        return ids;
     }
 
  private:
     std::vector<Party> parties_;
-    std::unordered_map<std::int64_t, std::size_t> places_;
+    PlaceById places_;
 };
 
 /// Reads the bills that are still to be paid and keeps those that call for a warning.
@@ -75,13 +79,13 @@ std::vector<Warning> ReadWarnings(AccountSet& set, const std::vector<OpenAmount>
     Statement bill(set.database(), "SELECT FDueDate, FDeptID, FEmpID, FBillNo FROM t_Bill WHERE FBillID=?");
     std::vector<Warning> warnings;
     for (const OpenAmount& open : amounts) {
-        const std::size_t* place = parties.PlaceOf(open.party);
-        if (open.open <= 0 || open.amount <= 0 || !place) continue;
-        const Party& party = parties.At(*place);
+        const std::size_t place = parties.PlaceOf(open.party);
+        if (open.open <= 0 || open.amount <= 0 || place == PlaceById::kNowhere) continue;
+        const Party& party = parties.At(place);
         bill.With(open.bill).Step();
         const std::int64_t dueDay = bill.IsNull(0) ? open.day + party.creditDays : bill.Int(0);
         if (dueDay > today + kSoonDays && party.AboveLimit() == 0) continue;
-        warnings.push_back({.party = *place,
+        warnings.push_back({.party = place,
                             .open = open,
                             .dueDay = dueDay,
                             .department = bill.Int(1),
@@ -117,9 +121,11 @@ void AddRow(ColumnarRecordSet& rows, const Warning& warning, const Party& party,
 Ref<RecordSet> CreditWarnings(AccountSet& set, const AccountSide& side, const Dictionary& filter) {
     const std::int64_t today = set.Today();
     Parties parties(set, side, filter);
-    const std::vector<OpenAmount> amounts = OpenAmounts(set, {.side = side.side, .day = today});
+    const std::vector<OpenAmount> amounts =
+        OpenAmounts(set, {.side = side.side, .day = today, .parties = parties.Ids()});
     for (const OpenAmount& open : amounts) {
-        if (const std::size_t* place = parties.PlaceOf(open.party)) parties.At(*place).balance += open.open;
+        const std::size_t place = parties.PlaceOf(open.party);
+        if (place != PlaceById::kNowhere) parties.At(place).balance += open.open;
     }
     auto rows = MakeRef<ColumnarRecordSet>(
         std::vector<std::string>{side.numberField, side.nameField, "FDate", "FBillNo", "FDeadLine",

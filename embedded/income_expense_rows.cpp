@@ -77,7 +77,7 @@ Ref<RecordSet> MakeRecordSet(const CategorySide& side, RowsByClass& byClass) {
 
 Ref<RecordSet> CategoryDetail(AccountSet& set, const CategorySide& side, const Dictionary& filter) {
     const ClassTree tree(set, side, filter);
-    const Conditions conditions = CategoryBills(side, filter);
+    const Conditions conditions = CategoryBills(set, side, filter);
     // Lines of other classes are left out here: the bills come in the order of their index.
     Statement found(set.database(),
                     "SELECT e.FClassID, b.FDate, e.FAmount, e.FSettleAmount, " +

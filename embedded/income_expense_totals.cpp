@@ -55,7 +55,7 @@ struct Cell {
 std::vector<Cell> SumLines(AccountSet& set, const CategorySide& side, const Dictionary& filter,
                            const ClassTree& tree, const std::vector<std::size_t>& under) {
     const bool byParty = ReportFilter(filter).Flag(side.groupKey);
-    const Conditions conditions = CategoryBills(side, filter);
+    const Conditions conditions = CategoryBills(set, side, filter);
     Statement found(set.database(),
                     "SELECT e.FClassID, e.FAmount, e.FSettleAmount, " + std::string(side.partyColumn.view()) +
                         " FROM t_Bill b CROSS JOIN t_ClassEntry e ON e.FBillID=b.FBillID WHERE " +

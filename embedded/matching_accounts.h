@@ -3,10 +3,11 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <vector>
 
-#include "embedded/item_texts.h"
 #include "embedded/party_ledger.h"
+#include "embedded/rows_by_account.h"
 
 namespace qor {
 
@@ -30,17 +31,30 @@ struct MatchedBill {
     BillKind kind;
     MatchedSums sums;
     std::int64_t department, employee;
-    Value number, voucher, explanation;
+    std::size_t texts;  // number, voucher and explanation, among those of all accounts
 };
 
 struct MatchedAccount {
     std::int64_t customer;  // the first one by code, where several are linked to the supplier
     std::int64_t supplier;
     MatchedSums opening{}, period{};
-    std::vector<MatchedBill> bills{};  // of the period, by day, within a day as they were entered
+    std::span<MatchedBill> bills{};  // of the period, by day, within a day as they were entered
 };
 
 /// The accounts that the filter leaves in, by the customer's code.
-std::vector<MatchedAccount> ReadMatchedAccounts(AccountSet& set, const Dictionary& filter);
+class MatchedAccounts {
+ public:
+    MatchedAccounts(AccountSet& set, const Dictionary& filter);
+    MatchedAccounts(const MatchedAccounts&) = delete;
+    MatchedAccounts& operator=(const MatchedAccounts&) = delete;
+
+    const std::vector<MatchedAccount>& shown() const { return shown_; }
+    RowTexts::Reader TextsOf(const MatchedBill& bill) const { return texts_.From(bill.texts); }
+
+ private:
+    std::vector<MatchedAccount> shown_;
+    RowTexts texts_;
+    RowsByAccount<MatchedBill> bills_{0};
+};
 
 }  // namespace qor

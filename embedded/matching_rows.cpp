@@ -1,6 +1,7 @@
 #include "embedded/matching_rows.h"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -21,9 +22,14 @@ constexpr const char* kGoodsFields[] = {"FItemName", "FItemNumber",   "FModel", 
 
 class MatchingWriter {
  public:
-    MatchingWriter(AccountSet& set, const Dictionary& dictionary)
-        : filter_(dictionary), firstDay_(filter_.Day("BDate")), items_(set, filter_.WantsShortNumbers()) {
-        if (filter_.Flag("ChkShowDetail")) goods_.emplace(set, filter_.WantsShortNumbers());
+    MatchingWriter(AccountSet& set, const Dictionary& dictionary, const MatchedAccounts& accounts)
+        : accounts_(accounts),
+          filter_(dictionary),
+          firstDay_(filter_.Day("BDate")),
+          items_(set, filter_.WantsShortNumbers()) {
+        if (filter_.Flag("ChkShowDetail")) {
+            goods_.emplace(set, filter_.WantsShortNumbers(), BillsOf(accounts.shown()));
+        }
         std::vector<std::string> fields = {"FDate", "FBillTypeName", "FBillNo", "FVchNumber"};
         if (goods_) fields.insert(fields.end(), std::begin(kGoodsFields), std::end(kGoodsFields));
         for (const char* field :
@@ -45,17 +51,27 @@ class MatchingWriter {
         AddSummary(std::nullopt, "小计", "", account.period, kPartyTotal);
         all_ += account.period;
         allBalance_ += balance_;
-        ++accounts_;
+        ++written_;
     }
 
     Ref<RecordSet> Finish() {
         account_ = nullptr;
         balance_ = allBalance_;
-        if (accounts_ > 1) AddSummary(std::nullopt, "合计", "", all_, kGrandTotal);
+        if (written_ > 1) AddSummary(std::nullopt, "合计", "", all_, kGrandTotal);
         return set_;
     }
 
  private:
+    struct Texts {
+        Value number, voucher, explanation;
+    };
+
+    Texts TextsOf(const MatchedBill& bill) {
+        RowTexts::Reader texts = accounts_.TextsOf(bill);
+        Value number = texts.Next(), voucher = texts_.Share(texts.Next());
+        return {std::move(number), std::move(voucher), texts_.Share(texts.Next())};
+    }
+
     std::string Heading() {
         const ItemTexts::Texts& customer = items_.Of(account_->customer);
         const ItemTexts::Texts& supplier = items_.Of(account_->supplier);
@@ -64,27 +80,29 @@ class MatchingWriter {
     }
 
     void WriteBill(const MatchedBill& bill) {
-        const std::vector<GoodsLineRow> lines = goods_ ? goods_->Of(bill.bill) : std::vector<GoodsLineRow>{};
+        const auto lines = goods_ ? goods_->Of(bill.bill) : std::span<const GoodsLineRow>{};
         const PartySide side = SignsOf(bill.kind, kCustomer).raised != 0 ? kCustomer : kSupplier;
+        const Texts texts = TextsOf(bill);
         MatchedSums rest = bill.sums;
         for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
             MatchedSums part;
             part[side].raised = lines[i].amount;
             rest[side].raised -= lines[i].amount;
-            AddBill(bill, part, &lines[i]);
+            AddBill(bill, texts, part, &lines[i]);
         }
-        AddBill(bill, rest, lines.empty() ? nullptr : &lines.back());
+        AddBill(bill, texts, rest, lines.empty() ? nullptr : &lines.back());
     }
 
-    void AddBill(const MatchedBill& bill, const MatchedSums& sums, const GoodsLineRow* goods) {
+    void AddBill(const MatchedBill& bill, const Texts& texts, const MatchedSums& sums,
+                 const GoodsLineRow* goods) {
         balance_ += sums;
         column_ = 0;
         Add(Date{static_cast<double>(bill.day)});
         Add(texts_.Share(RowOf(bill.kind).name));
-        Add(bill.number);
-        Add(bill.voucher);
+        Add(texts.number);
+        Add(texts.voucher);
         AddGoods(goods);
-        Add(bill.explanation);
+        Add(texts.explanation);
         AddAmounts(sums);
         Add(items_.Of(bill.department).name);
         Add(items_.Of(bill.employee).name);
@@ -106,13 +124,13 @@ class MatchingWriter {
 
     void AddGoods(const GoodsLineRow* goods) {
         if (!goods_) return;
-        Add(goods ? goods->item->name : blank_);
-        Add(goods ? goods->item->number : blank_);
-        Add(goods ? goods->model : blank_);
-        Add(goods ? goods->unit : blank_);
+        Add(goods ? goods->goods->item->name : blank_);
+        Add(goods ? goods->goods->item->number : blank_);
+        Add(goods ? goods->goods->model : blank_);
+        Add(goods ? goods->goods->unit->name : blank_);
         Add(goods ? goods->Quantity() : Value::Null());
         Add(goods ? goods->Price() : Value::Null());
-        Add(goods ? goods->showUnit : blank_);
+        Add(goods ? goods->shownUnit->name : blank_);
         Add(goods ? goods->ShownQuantity() : Value::Null());
         Add(goods ? goods->ShownPrice() : Value::Null());
     }
@@ -142,24 +160,26 @@ class MatchingWriter {
     }
     void Add(Value value) { set_->AddCell(column_++, std::move(value)); }
 
+    const MatchedAccounts& accounts_;
     const ReportFilter filter_;
     const std::optional<std::int64_t> firstDay_;
     ItemTexts items_;
     SharedTexts texts_;
-    std::optional<GoodsLineReader> goods_;
+    std::optional<GoodsLines> goods_;
     Ref<ColumnarRecordSet> set_;
     const Value blank_ = "";
     std::size_t column_ = 0;
     const MatchedAccount* account_ = nullptr;  // whose rows are written; nothing in the last total
-    std::size_t accounts_ = 0;
+    std::size_t written_ = 0;
     MatchedSums balance_, all_, allBalance_;
 };
 
 }  // namespace
 
 Ref<RecordSet> MatchingBalance(AccountSet& set, const Dictionary& filter) {
-    MatchingWriter writer(set, filter);
-    for (const MatchedAccount& account : ReadMatchedAccounts(set, filter)) {
+    const MatchedAccounts accounts(set, filter);
+    MatchingWriter writer(set, filter, accounts);
+    for (const MatchedAccount& account : accounts.shown()) {
         writer.Write(account);
     }
     return writer.Finish();

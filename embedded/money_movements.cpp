@@ -11,6 +11,7 @@
 #include "embedded/bill_kinds.h"
 #include "embedded/item_texts.h"
 #include "embedded/money.h"
+#include "embedded/narrow_bills.h"
 #include "embedded/report_conditions.h"
 #include "embedded/right_clause.h"
 #include "platform/conversions.h"
@@ -103,7 +104,7 @@ class MovementReader {
 
     /// The bills of a short period are found by kind and date; for a long one all are read as they lie.
     void ReadPeriod() {
-        if (!IsShortPeriod()) {
+        if (!IsShortPeriod(set_, firstDay_, lastDay_)) {
             Conditions all;
             AddDayRange(all, "b.FDate", firstDay_, lastDay_);
             Read(all, " NOT INDEXED", End::Both);
@@ -140,15 +141,6 @@ class MovementReader {
 
  private:
     bool Counts(BillKind kind) const { return counts_[static_cast<std::size_t>(kind)]; }
-
-    bool IsShortPeriod() {
-        constexpr std::int64_t kShort = 8;  // of all days
-        if (!firstDay_) return false;
-        Statement periods(set_.database(), "SELECT min(FStartDate), max(FEndDate) FROM t_PeriodDate");
-        if (!periods.Step()) return false;
-        const std::int64_t last = std::min(lastDay_.value_or(periods.Int(1)), periods.Int(1));
-        return (last - *firstDay_) * kShort < periods.Int(1) - periods.Int(0);
-    }
 
     void Read(Conditions conditions, SqlText indexing, End end) {
         conditions.Add({kMovesMoney});

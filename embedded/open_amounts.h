@@ -15,6 +15,9 @@ struct OpenQuery {
     PartySide side = PartySide::Customer;
     std::optional<std::int64_t> day{};         // what is dated later does not count; open: everything counts
     std::optional<std::int32_t> checkState{};  // of bills and settling bills alike, as AddCheckState has it
+    // What is asked for. Where that is little it alone is read; otherwise all bills come.
+    std::optional<std::vector<std::int64_t>> parties{};
+    std::optional<std::int64_t> firstDay{};
 };
 
 /// One bill in the account of one party, in cents. A transfer from party to party has two: in the account of
@@ -29,9 +32,10 @@ struct OpenAmount {
     std::int64_t open;    // the part that is left
 };
 
-/// All bills that count on the side, by id, those with nothing left too. A settlement counts when it, its
+/// The bills that count on the side, by id, those with nothing left too. A settlement counts when it, its
 /// bill and both bills that it brings together count and stand in one party's account: so the open amounts
-/// of a party are always its balance, raised - settled - advance. Linear in bills and settlements.
+/// of a party are always its balance, raised - settled - advance. Linear in the bills and settlements that
+/// are read.
 std::vector<OpenAmount> OpenAmounts(AccountSet& set, const OpenQuery& query);
 
 }  // namespace qor

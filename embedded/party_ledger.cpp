@@ -1,13 +1,12 @@
 #include "embedded/party_ledger.h"
 
+#include "embedded/narrow_bills.h"
 #include "embedded/right_clause.h"
 #include "platform/conversions.h"
 
 namespace qor {
 
 namespace {
-
-constexpr std::size_t kFewParties = 64;  // a range of no more has its bills looked up party by party
 
 /// The columns that decide whether a bill counts: of a bill, and of the consignment that it goes back to.
 struct BillColumns {
@@ -81,17 +80,17 @@ PartyLedger::PartyLedger(AccountSet& set, const LedgerQuery& query, SqlText more
 }
 
 void PartyLedger::ReadParties(AccountSet& set, const LedgerQuery& query) {
-    const std::int32_t itemClass =
-        query.side == PartySide::Customer ? item_class::kCustomer : item_class::kSupplier;
+    const std::int32_t itemClass = PartyClassOf(query.side);
     Conditions conditions;
     conditions.Add({"i.FItemClassID=?"}, {std::int64_t{itemClass}});
     AddCodeRange(conditions, "i.FItemID", itemClass, query.parties.first, query.parties.last);
+    if (query.among) AddItems(conditions, "i.FItemID", *query.among);
     AddRights(conditions, "i.FItemID", query.rightsAlias, query.rights);
     Statement found(set.database(), "SELECT i.FItemID, i.FDetail=1 AND i.FDeleted=0 FROM t_Item i WHERE " +
                                         conditions.Text() + " ORDER BY i.FNumber");
     conditions.BindTo(found);
     while (found.Step()) {
-        places_[found.Int(0)] = parties_.size();
+        places_.Put(found.Int(0), parties_.size());
         parties_.push_back({.id = found.Int(0), .current = found.Int(1) != 0});
     }
 }
@@ -102,17 +101,13 @@ void PartyLedger::OpenRows(AccountSet& set, const LedgerQuery& query, SqlText mo
     Conditions conditions;
     AddDayRange(conditions, "b.FDate", std::nullopt, query.lastDay);
     AddBillConditions(conditions, kBill, query);
-    const bool isRange = !query.parties.first.empty() || !query.parties.last.empty();
-    const bool few = isRange && parties_.size() <= kFewParties;
+    const bool few = AreFewParties(set, query.side, parties_.size());
     if (few) {
-        constexpr SqlText kBetween =
-            " IN (SELECT FItemID FROM t_Item WHERE FItemClassID=(SELECT FItemClassID FROM t_Item WHERE "
-            "FItemID=?)"
-            " AND FNumber BETWEEN (SELECT FNumber FROM t_Item WHERE FItemID=?)"
-            " AND (SELECT FNumber FROM t_Item WHERE FItemID=?))";
-        const std::int64_t first = parties_.front().id, last = parties_.back().id;
-        conditions.Add({"(", party, kBetween, " OR b.FToPartyID", kBetween, ")"},
-                       {first, first, last, first, first, last});
+        std::vector<std::int64_t> ids;
+        for (const LedgerParty& row : parties_) {
+            ids.push_back(row.id);
+        }
+        AddBillsOf(conditions, query.side, ids);
     }
     if (selling && query.switches.consignments)
         consignments_.emplace(set, conditions, CountedConsignments(query));
@@ -122,11 +117,6 @@ void PartyLedger::OpenRows(AccountSet& set, const LedgerQuery& query, SqlText mo
                                       std::string(more.view()) + " FROM t_Bill b " +
                                       (few ? "" : "NOT INDEXED ") + "WHERE " + conditions.Text());
     conditions.BindTo(*rows_);
-}
-
-const std::size_t* PartyLedger::PlaceOf(std::int64_t party) const {
-    const auto found = party == 0 ? places_.end() : places_.find(party);
-    return found == places_.end() ? nullptr : &found->second;
 }
 
 LedgerSums PartyLedger::SumsOf(const SideSigns& signs) const {
@@ -147,21 +137,22 @@ bool PartyLedger::Next() {
         const auto kind = static_cast<std::size_t>(rows_->Int(0));
         const SideSigns& signs = signs_[kind < kKinds ? kind : 0];
         if (!signs.Any()) continue;
-        const std::size_t* own = PlaceOf(rows_->Int(1));
-        const std::size_t* target = signs.target == 0 ? nullptr : PlaceOf(rows_->Int(2));
-        if (!own && !target) continue;
+        constexpr std::size_t kNowhere = PlaceById::kNowhere;
+        const std::size_t own = places_.Of(rows_->Int(1));
+        const std::size_t target = signs.target == 0 ? kNowhere : places_.Of(rows_->Int(2));
+        if (own == kNowhere && target == kNowhere) continue;
         movement_ = {.party = 0,
                      .bill = rows_->Int(3),
                      .kind = static_cast<BillKind>(kind),
                      .day = rows_->Int(4),
                      .sums = {}};
-        if (target) {
+        if (target != kNowhere) {
             second_ = movement_;
-            second_->party = *target;
+            second_->party = target;
             second_->sums.raised = signs.target * rows_->Int(5);
         }
-        if (!own) return Next();
-        movement_.party = *own;
+        if (own == kNowhere) return Next();
+        movement_.party = own;
         movement_.sums = SumsOf(signs);
         return true;
     }

@@ -6,12 +6,12 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "embedded/account_set.h"
 #include "embedded/consignments.h"
 #include "embedded/party_side.h"
+#include "embedded/place_by_id.h"
 #include "embedded/report_conditions.h"
 
 namespace qor {
@@ -56,8 +56,9 @@ struct LedgerQuery {
     std::optional<std::int64_t> lastDay{};  // what is dated later does not count
     std::optional<std::int32_t> checkState{};
     CodeRange parties{}, departments{}, employees{};
-    std::string rights{};                 // the data-right clause, ...
-    std::string_view rightsAlias = "t1";  // ... and what it calls the parties
+    std::optional<std::vector<std::int64_t>> among{};  // parties by id, where only these are asked for
+    std::string rights{};                              // the data-right clause, ...
+    std::string_view rightsAlias = "t1";               // ... and what it calls the parties
     LedgerSwitches switches{};
     std::vector<HeadFieldText> headFields{};  // all must hold
 };
@@ -102,11 +103,10 @@ class PartyLedger {
 
     void ReadParties(AccountSet& set, const LedgerQuery& query);
     void OpenRows(AccountSet& set, const LedgerQuery& query, SqlText more);
-    const std::size_t* PlaceOf(std::int64_t party) const;
     LedgerSums SumsOf(const SideSigns& signs) const;
 
     std::vector<LedgerParty> parties_;
-    std::unordered_map<std::int64_t, std::size_t> places_;
+    PlaceById places_;                       // of the parties
     std::array<SideSigns, kKinds> signs_{};  // by kind; nothing for what does not count
     std::optional<SettledConsignments> consignments_;
     std::optional<Statement> rows_;  // none where there is no party

@@ -5,12 +5,12 @@
 #include <numeric>
 #include <span>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 #include "embedded/code_ranks.h"
 #include "embedded/item_texts.h"
 #include "embedded/money.h"
+#include "embedded/narrow_bills.h"
 #include "embedded/open_amounts.h"
 #include "embedded/report_conditions.h"
 #include "embedded/right_clause.h"
@@ -77,20 +77,20 @@ struct ListedBill {
     Value number, explanation;
 };
 
-/// The parties that the range of codes and the rights leave.
-std::unordered_set<std::int64_t> PartiesOf(AccountSet& set, const ListSide& side,
-                                           const Dictionary& dictionary) {
+/// The parties that the range of codes and the rights leave, by id.
+std::vector<std::int64_t> PartiesOf(AccountSet& set, const ListSide& side, const Dictionary& dictionary) {
     const ReportFilter filter(dictionary);
     Conditions conditions;
     conditions.Add({"i.FItemClassID=?"}, {std::int64_t{side.parties}});
     AddCodeRange(conditions, "i.FItemID", side.parties, filter.Code(side.firstPartyKey),
                  filter.Code(side.lastPartyKey));
     AddRights(conditions, "i.FItemID", "t1", ToText(dictionary.Get("DataRightWhere")));
-    Statement found(set.database(), "SELECT i.FItemID FROM t_Item i WHERE " + conditions.Text());
+    Statement found(set.database(),
+                    "SELECT i.FItemID FROM t_Item i WHERE " + conditions.Text() + " ORDER BY 1");
     conditions.BindTo(found);
-    std::unordered_set<std::int64_t> parties;
+    std::vector<std::int64_t> parties;
     while (found.Step()) {
-        parties.insert(found.Int(0));
+        parties.push_back(found.Int(0));
     }
     return parties;
 }
@@ -103,15 +103,18 @@ std::vector<OpenAmount> ChooseAmounts(AccountSet& set, const ListSide& side, con
     for (const ListedKind& row : side.kinds) {
         isListed[static_cast<std::size_t>(row.kind)] = filter.Flag(row.includeKey);
     }
-    const std::unordered_set<std::int64_t> parties = PartiesOf(set, side, dictionary);
+    const std::vector<std::int64_t> parties = PartiesOf(set, side, dictionary);
     const auto firstDay = filter.Day("BDate");
     const bool onlyOpen = filter.Flag("chkShowNonZero");
-    std::vector<OpenAmount> amounts = OpenAmounts(
-        set, {.side = side.side, .day = filter.Day("EDate"), .checkState = filter.Number("cmbCheckState")});
+    std::vector<OpenAmount> amounts = OpenAmounts(set, {.side = side.side,
+                                                        .day = filter.Day("EDate"),
+                                                        .checkState = filter.Number("cmbCheckState"),
+                                                        .parties = parties,
+                                                        .firstDay = firstDay});
     std::erase_if(amounts, [&](const OpenAmount& bill) {
         const bool takenFrom = SignsOf(bill.kind, side.side).target != 0 && bill.amount < 0;
         return !isListed[static_cast<std::size_t>(bill.kind)] || takenFrom || (onlyOpen && bill.open == 0) ||
-               (firstDay && bill.day < *firstDay) || !parties.contains(bill.party);
+               (firstDay && bill.day < *firstDay) || !std::ranges::binary_search(parties, bill.party);
     });
     return amounts;
 }
@@ -123,7 +126,6 @@ std::vector<ListedBill> ReadBills(AccountSet& set, const ReportFilter& filter,
     if (amounts.empty()) return bills;
     Conditions conditions;
     conditions.Add({"b.FBillID>=? AND b.FBillID<=?"}, {amounts.front().bill, amounts.back().bill});
-    AddDayRange(conditions, "b.FDate", filter.Day("BDate"), filter.Day("EDate"));
     AddPeople(conditions, filter);
     Statement found(set.database(),
                     "SELECT b.FBillID, b.FDeptID, b.FEmpID, b.FBillNo, b.FExplanation FROM t_Bill b "
@@ -131,19 +133,20 @@ std::vector<ListedBill> ReadBills(AccountSet& set, const ReportFilter& filter,
                         conditions.Text() + " ORDER BY b.FBillID");
     conditions.BindTo(found);
     SharedTexts explanations;
-    auto amount = amounts.begin();
-    while (found.Step()) {
-        while (amount != amounts.end() && amount->bill < found.Int(0))
-            ++amount;
-        if (amount == amounts.end()) break;
-        if (amount->bill != found.Int(0)) continue;
-        bills.push_back({.party = amount->party,
+    const bool together = (amounts.back().bill - amounts.front().bill) / kNarrowShare < std::ssize(amounts);
+    bool onBill = together && found.Step();
+    for (const OpenAmount& amount : amounts) {
+        if (!together) onBill = found.With(amount.bill, amount.bill).Step();
+        while (onBill && found.Int(0) < amount.bill)
+            onBill = found.Step();
+        if (!onBill || found.Int(0) != amount.bill) continue;
+        bills.push_back({.party = amount.party,
                          .department = found.Int(1),
                          .employee = found.Int(2),
-                         .kind = amount->kind,
-                         .day = amount->day,
-                         .amount = amount->amount,
-                         .open = amount->open,
+                         .kind = amount.kind,
+                         .day = amount.day,
+                         .amount = amount.amount,
+                         .open = amount.open,
                          .number = found.Text(3),
                          .explanation = explanations.Share(found.Text(4))});
     }

@@ -1,6 +1,6 @@
 #include "embedded/statement_accounts.h"
 
-#include <algorithm>
+#include <optional>
 #include <tuple>
 
 #include "embedded/report_conditions.h"
@@ -29,20 +29,17 @@ StatementSums SumsOf(const Movement& movement, std::int64_t discount, PartySide 
 }
 
 /// The bill of the movement that the ledger stands on.
-StatementBill BillOf(const PartyLedger& ledger, const StatementSums& sums, SharedTexts& texts) {
+StatementBill BillOf(const PartyLedger& ledger, const StatementSums& sums, RowTexts& texts) {
     constexpr int kDepartment = PartyLedger::kMore + 1;  // behind the discount
     const auto& row = ledger.row();
-    const std::string_view invoice = row.Text(kDepartment + 5);
     return {.day = ledger.movement().day,
             .bill = ledger.movement().bill,
             .kind = ledger.movement().kind,
             .sums = sums,
             .department = row.Int(kDepartment),
             .employee = row.Int(kDepartment + 1),
-            .number = row.Text(kDepartment + 2),
-            .voucher = texts.Share(row.Text(kDepartment + 3)),
-            .explanation = texts.Share(row.Text(kDepartment + 4)),
-            .invoice = invoice.empty() ? texts.Share("") : Value(invoice)};
+            .texts = texts.Add({row.Text(kDepartment + 2), row.Text(kDepartment + 3),
+                                row.Text(kDepartment + 4), row.Text(kDepartment + 5)})};
 }
 
 /// Which accounts and bills are left out.
@@ -63,11 +60,6 @@ class ZeroSwitches {
     bool balance_, bill_, both_;
 };
 
-void SortBills(std::vector<StatementBill>& bills) {
-    const auto place = [](const StatementBill& bill) { return std::tuple(bill.day, bill.bill); };
-    if (!std::ranges::is_sorted(bills, {}, place)) std::ranges::stable_sort(bills, {}, place);
-}
-
 }  // namespace
 
 StatementSums& StatementSums::operator+=(const StatementSums& other) {
@@ -77,8 +69,7 @@ StatementSums& StatementSums::operator+=(const StatementSums& other) {
     return *this;
 }
 
-std::vector<StatementAccount> ReadStatementAccounts(AccountSet& set, PartySide side,
-                                                    const Dictionary& dictionary) {
+StatementAccounts::StatementAccounts(AccountSet& set, PartySide side, const Dictionary& dictionary) {
     const ReportFilter filter(dictionary);
     const ZeroSwitches zeros(filter);
     const std::optional<std::int64_t> firstDay = filter.Day("BDate");
@@ -90,7 +81,7 @@ std::vector<StatementAccount> ReadStatementAccounts(AccountSet& set, PartySide s
         known.push_back(party.current);
     }
     moved.resize(accounts.size());
-    SharedTexts texts;
+    bills_ = RowsByAccount<StatementBill>(accounts.size());
     while (ledger.Next()) {
         const Movement& movement = ledger.movement();
         StatementAccount& account = accounts[movement.party];
@@ -102,15 +93,14 @@ std::vector<StatementAccount> ReadStatementAccounts(AccountSet& set, PartySide s
         const StatementSums sums = SumsOf(movement, ledger.row().Int(PartyLedger::kMore), side);
         account.period += sums;
         moved[movement.party] |= !sums.AreZero();
-        if (zeros.Show(sums)) account.bills.push_back(BillOf(ledger, sums, texts));
+        if (zeros.Show(sums)) bills_.Add(movement.party, BillOf(ledger, sums, texts_));
     }
-    std::vector<StatementAccount> shown;
+    bills_.Deal([](const StatementBill& bill) { return std::tuple(bill.day, bill.bill); });
     for (std::size_t i = 0; i < accounts.size(); ++i) {
         if (!known[i] || !zeros.Show(accounts[i], moved[i] != 0)) continue;
-        SortBills(accounts[i].bills);
-        shown.push_back(std::move(accounts[i]));
+        accounts[i].bills = bills_.Of(i);
+        shown_.push_back(accounts[i]);
     }
-    return shown;
 }
 
 }  // namespace qor

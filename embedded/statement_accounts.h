@@ -3,11 +3,11 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
+#include <span>
 #include <vector>
 
-#include "embedded/item_texts.h"
 #include "embedded/party_ledger.h"
+#include "embedded/rows_by_account.h"
 
 namespace qor {
 
@@ -27,20 +27,32 @@ struct StatementBill {
     BillKind kind;
     StatementSums sums;
     std::int64_t department, employee;
-    Value number, voucher, explanation, invoice;
+    std::size_t texts;  // number, voucher, explanation and invoice, among those of all accounts
 };
 
 struct StatementAccount {
     std::int64_t party;
     std::int64_t begin = 0;  // balance ahead of the period
     StatementSums period{};
-    std::vector<StatementBill> bills{};  // of the period, by day, within a day as they were entered
+    std::span<const StatementBill> bills{};  // of the period, by day, within a day as they were entered
 
     std::int64_t End() const { return begin + period.Balance(); }
 };
 
 /// The accounts that the filter leaves in, by the party's code.
-std::vector<StatementAccount> ReadStatementAccounts(AccountSet& set, PartySide side,
-                                                    const Dictionary& filter);
+class StatementAccounts {
+ public:
+    StatementAccounts(AccountSet& set, PartySide side, const Dictionary& filter);
+    StatementAccounts(const StatementAccounts&) = delete;
+    StatementAccounts& operator=(const StatementAccounts&) = delete;
+
+    const std::vector<StatementAccount>& shown() const { return shown_; }
+    RowTexts::Reader TextsOf(const StatementBill& bill) const { return texts_.From(bill.texts); }
+
+ private:
+    std::vector<StatementAccount> shown_;
+    RowTexts texts_;
+    RowsByAccount<StatementBill> bills_{0};
+};
 
 }  // namespace qor

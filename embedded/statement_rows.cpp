@@ -1,6 +1,7 @@
 #include "embedded/statement_rows.h"
 
 #include <algorithm>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,15 +18,48 @@ namespace {
 
 class StatementWriter {
  public:
-    StatementWriter(AccountSet& set, const Dictionary& filter)
-        : items_(set, ReportFilter(filter).WantsShortNumbers()),
+    StatementWriter(AccountSet& set, const Dictionary& filter, const StatementAccounts& accounts)
+        : accounts_(accounts),
+          items_(set, ReportFilter(filter).WantsShortNumbers()),
           firstDay_(ReportFilter(filter).Day("BDate")) {
         const ReportFilter read(filter);
-        if (read.Flag("ShowDetail")) goods_.emplace(set, read.WantsShortNumbers());
+        if (read.Flag("ShowDetail")) goods_.emplace(set, read.WantsShortNumbers(), BillsOf(accounts.shown()));
         set_ = MakeRef<ColumnarRecordSet>(Fields());
+        Reserve(accounts.shown());
         for (const BillKindRow& row : kBillKinds) {
             kindNames_.emplace_back(row.name);
         }
+    }
+
+    void Write(const StatementAccount& account) {
+        balance_ = account.begin;
+        AddOpening(items_.Of(account.party));
+        for (const StatementBill& bill : account.bills) {
+            const Texts texts = TextsOf(bill);
+            const auto lines = goods_ ? goods_->Of(bill.bill) : std::span<const GoodsLineRow>{};
+            StatementSums rest = bill.sums;
+            for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
+                AddBill(bill, texts, {.raised = lines[i].amount}, &lines[i]);
+                rest.raised -= lines[i].amount;
+            }
+            AddBill(bill, texts, rest, lines.empty() ? nullptr : &lines.back());
+        }
+    }
+
+    const Ref<ColumnarRecordSet>& rows() const { return set_; }
+
+ private:
+    struct Texts {
+        Value number, voucher, explanation, invoice;
+    };
+
+    Texts TextsOf(const StatementBill& bill) {
+        RowTexts::Reader texts = accounts_.TextsOf(bill);
+        Value number = texts.Next(), voucher = texts_.Share(texts.Next());
+        Value explanation = texts_.Share(texts.Next());
+        const std::string_view invoice = texts.Next();
+        return {std::move(number), std::move(voucher), std::move(explanation),
+                invoice.empty() ? blank_ : Value(invoice)};
     }
 
     void Reserve(const std::vector<StatementAccount>& accounts) {
@@ -36,24 +70,6 @@ class StatementWriter {
         set_->Reserve(rows);
     }
 
-    void Write(StatementAccount& account) {
-        balance_ = account.begin;
-        AddOpening(items_.Of(account.party));
-        for (StatementBill& bill : account.bills) {
-            const std::vector<GoodsLineRow> lines =
-                goods_ ? goods_->Of(bill.bill) : std::vector<GoodsLineRow>{};
-            StatementSums rest = bill.sums;
-            for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
-                AddBill(StatementBill(bill), {.raised = lines[i].amount}, &lines[i]);
-                rest.raised -= lines[i].amount;
-            }
-            AddBill(std::move(bill), rest, lines.empty() ? nullptr : &lines.back());
-        }
-    }
-
-    const Ref<ColumnarRecordSet>& rows() const { return set_; }
-
- private:
     std::vector<std::string> Fields() const {
         std::vector<std::string> fields = {"FDate", "FBillTypeName", "FBillNo", "FVchNumber"};
         if (goods_) {
@@ -84,18 +100,19 @@ class StatementWriter {
         }
     }
 
-    void AddBill(StatementBill&& bill, const StatementSums& sums, const GoodsLineRow* goods) {
+    void AddBill(const StatementBill& bill, const Texts& texts, const StatementSums& sums,
+                 const GoodsLineRow* goods) {
         column_ = 0;
         Add(Date{static_cast<double>(bill.day)});
         Add(kindNames_[static_cast<std::size_t>(bill.kind) - 1]);
-        Add(std::move(bill.number));
-        Add(std::move(bill.voucher));
+        Add(texts.number);
+        Add(texts.voucher);
         AddGoods(goods);
-        Add(std::move(bill.explanation));
+        Add(texts.explanation);
         AddSums(sums);
         Add(items_.Of(bill.department).name);
         Add(items_.Of(bill.employee).name);
-        Add(std::move(bill.invoice));
+        Add(texts.invoice);
     }
 
     void AddGoods(const GoodsLineRow* goods) {
@@ -110,15 +127,15 @@ class StatementWriter {
             }
             return;
         }
-        Add(goods->item->name);
-        Add(goods->item->number);
-        Add(goods->model);
+        Add(goods->goods->item->name);
+        Add(goods->goods->item->number);
+        Add(goods->goods->model);
         Add(goods->aux);
         Add(goods->batch);
-        Add(goods->unit);
+        Add(goods->goods->unit->name);
         Add(goods->Quantity());
         Add(goods->Price());
-        Add(goods->showUnit);
+        Add(goods->shownUnit->name);
         Add(goods->ShownQuantity());
         Add(goods->ShownPrice());
     }
@@ -133,9 +150,11 @@ class StatementWriter {
 
     void Add(Value value) { set_->AddCell(column_++, std::move(value)); }
 
+    const StatementAccounts& accounts_;
     ItemTexts items_;
+    SharedTexts texts_;
     std::optional<std::int64_t> firstDay_;
-    std::optional<GoodsLineReader> goods_;
+    std::optional<GoodsLines> goods_;
     Ref<ColumnarRecordSet> set_;
     std::vector<Value> kindNames_;
     const Value blank_ = "";
@@ -177,12 +196,11 @@ class PageWriter {
 
 StatementAnswer StatementOfAccount(AccountSet& set, PartySide side, const Dictionary& dictionary) {
     const ReportFilter filter(dictionary);
-    StatementWriter writer(set, dictionary);
+    const StatementAccounts accounts(set, side, dictionary);
+    StatementWriter writer(set, dictionary, accounts);
     PageWriter pages(set);
     ItemTexts items(set, filter.WantsShortNumbers());
-    std::vector<StatementAccount> accounts = ReadStatementAccounts(set, side, dictionary);
-    writer.Reserve(accounts);
-    for (StatementAccount& account : accounts) {
+    for (const StatementAccount& account : accounts.shown()) {
         const std::int32_t firstRow = writer.rows()->RowCount();
         writer.Write(account);
         pages.Write(account, items.Of(account.party), firstRow, writer.rows()->RowCount() - firstRow);

@@ -60,6 +60,61 @@ TEST(OpenAmounts, AreThoseOfTheSlowBooksOnEveryDayInEveryState) {
     }
 }
 
+/// What the slow books hold of the bills that the test picks.
+template <class Test>
+auto Picked(std::map<std::pair<std::int64_t, std::int64_t>, std::int64_t> open, Test test) {
+    std::erase_if(open, [&](const auto& entry) { return !test(entry.first.first, entry.first.second); });
+    return open;
+}
+
+TEST(OpenAmounts, OfOnePartyAreReadAloneAndAreTheSame) {
+    for (const std::uint64_t seed : {1u, 2u, 3u}) {
+        AccountSet set(test::SampleFile(seed));
+        const PlainBook book(set);
+        for (const PartySide side : kSides) {
+            for (const std::int64_t day : {45000, 45838}) {
+                const auto all = book.Open(side, 0, day);
+                for (const auto& [party, balance] : book.Balances(side, 0, day)) {
+                    auto amounts =
+                        OpenAmounts(set, {.side = side, .day = day, .checkState = 0, .parties = {{party}}});
+                    EXPECT_LT(amounts.size() * 2, all.size()) << "other parties' bills were read";
+                    std::erase_if(amounts, [&](const OpenAmount& row) { return row.party != party; });
+                    EXPECT_EQ(ByBill(amounts), Picked(all, [&](auto, auto of) { return of == party; }))
+                        << seed << " " << party;
+                }
+            }
+        }
+    }
+}
+
+TEST(OpenAmounts, OfAShortPeriodAreReadAloneAndAreTheSame) {
+    for (const std::uint64_t seed : {1u, 2u, 3u}) {
+        AccountSet set(test::SampleFile(seed));
+        const PlainBook book(set);
+        std::map<std::int64_t, std::int64_t> dayOf;
+        for (const OpenAmount& row : OpenAmounts(set, {.side = PartySide::Customer})) {
+            dayOf[row.bill] = row.day;
+        }
+        for (const OpenAmount& row : OpenAmounts(set, {.side = PartySide::Supplier})) {
+            dayOf[row.bill] = row.day;
+        }
+        for (const PartySide side : kSides) {
+            for (const int state : {0, 1, 2}) {
+                for (const std::int64_t day : {44700, 45500, 45838}) {
+                    const auto all = book.Open(side, state, day);
+                    const std::int64_t first = day - 40;
+                    const auto amounts =
+                        OpenAmounts(set, {.side = side, .day = day, .checkState = state, .firstDay = first});
+                    const auto expected =
+                        Picked(all, [&](auto bill, auto) { return dayOf.at(bill) >= first; });
+                    EXPECT_FALSE(state != 1 && expected.empty()) << seed << " " << day;
+                    EXPECT_EQ(ByBill(amounts), expected) << seed << " " << state << " " << day;
+                }
+            }
+        }
+    }
+}
+
 TEST(OpenAmounts, ComeByIdWithWhatTheBillRaisedAndHadPaidAtOnce) {
     BuiltFirm firm;
     const std::int64_t customer = firm.Customer(0);
