@@ -4,6 +4,7 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
+#include "bench/figures/statement_cases.h"
 #include "bench/figures/tables.h"
 #include "bench/figures/whole_run.h"
 
@@ -14,8 +15,18 @@ using namespace qor::bench;
 struct Child {
     std::int32_t number = 0, user = 1;
     std::string firm;
-    int runs = 1;
+    std::vector<std::string> set;
 };
+
+std::vector<qor::viewer::FilterValue> ValuesOf(const std::vector<std::string>& set) {
+    std::vector<qor::viewer::FilterValue> values;
+    for (const std::string& each : set) {
+        const std::size_t equals = each.find('=');
+        if (equals == std::string::npos) throw std::runtime_error("KEY=VALUE, not " + each);
+        values.emplace_back(each.substr(0, equals), each.substr(equals + 1));
+    }
+    return values;
+}
 
 void Tell(const RunCost& cost) {
     std::cout << nlohmann::json{
@@ -23,11 +34,12 @@ void Tell(const RunCost& cost) {
 }
 
 void AddChild(CLI::App& program, const char* name, Child& child, const std::function<RunCost()>& measure) {
-    CLI::App* command = program.add_subcommand(name, "One measurement, as a line of JSON");
+    CLI::App* command = program.add_subcommand(
+        name, "One measurement, as a line of JSON; of a statement NUMBER is its place");
     command->add_option("NUMBER", child.number)->required();
     command->add_option("FIRM", child.firm)->required();
     command->add_option("USER", child.user)->required();
-    command->add_option("RUNS", child.runs)->required();
+    command->add_option("--set", child.set, "KEY=VALUE of the report's filter");
     command->callback([measure] { Tell(measure()); });
 }
 
@@ -39,7 +51,8 @@ void PrintTables(const FiguresBench& bench, const std::vector<std::string>& want
     constexpr Table kTables[] = {{"growth", &FiguresBench::GrowthTable},
                                  {"statement", &FiguresBench::StatementTable},
                                  {"journal", &FiguresBench::JournalTable},
-                                 {"rights", &FiguresBench::RightsTable}};
+                                 {"rights", &FiguresBench::RightsTable},
+                                 {"narrow", &FiguresBench::NarrowTable}};
     for (const Table& table : kTables) {
         if (!wanted.empty() && std::ranges::find(wanted, table.name) == wanted.end()) continue;
         bench.out << "## " << table.name << "\n\n";
@@ -58,12 +71,14 @@ int Run(int count, char** arguments) {
     program.add_option("--sizes", bench.sizes, "Bills of the sample firms")->delimiter(',');
     program.add_option("--runs", bench.runs, "The best of so many")->capture_default_str();
     program.add_option("--folder", bench.folder, "Where the sample firms are kept");
-    program.add_option("--table", wanted, "growth, statement, journal or rights; all without it");
+    program.add_option("--table", wanted, "growth, statement, journal, rights or narrow; all without it");
     Child child;
     AddChild(program, "run", child,
-             [&] { return MeasureRun(child.number, child.firm, child.user, child.runs); });
-    AddChild(program, "statement", child,
-             [&] { return MeasureStatement(BareStatementOf(child.number), child.firm, child.runs); });
+             [&] { return MeasureRun(child.number, child.firm, child.user, ValuesOf(child.set)); });
+    AddChild(program, "statement", child, [&] {
+        return MeasureStatement(StatementCases().at(static_cast<std::size_t>(child.number)).statement,
+                                child.firm);
+    });
     CLI11_PARSE(program, count, arguments);
     if (program.get_subcommands().empty()) PrintTables(bench, wanted);
     return 0;

@@ -1,4 +1,4 @@
-// The four tables of docs/performance.md that are about whole firms.
+// The tables of docs/performance.md that are about whole firms.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ struct FiguresBench {
     std::string qorview;              // the program that is measured with its start
     std::filesystem::path folder;     // where sample firms are kept from run to run
     std::vector<std::int64_t> sizes;  // bills
-    int runs = 3;                     // the best of so many
+    int runs = 3;                     // the best of so many, each in a process of its own
     std::ostream& out;
 
     /// Time and memory of every report at every size.
@@ -25,6 +25,8 @@ struct FiguresBench {
     void JournalTable() const;
     /// What limiting a report to a user's parties costs where he may see them all.
     void RightsTable() const;
+    /// Filters that ask for little, beside the same report on everything.
+    void NarrowTable() const;
 
  private:
     std::filesystem::path Firm(std::int64_t bills) const;

@@ -39,65 +39,50 @@ void ReadRows(Object& report, RunCost& cost, double start) {
     if (cost.rows == 0) cost.first = cost.last;
 }
 
-RunCost RunOnce(std::int32_t number, MiddleTier& tier,
-                const std::vector<std::vector<FilterValue>>& firstDays) {
+}  // namespace
+
+RunCost MeasureRun(std::int32_t number, const std::filesystem::path& accountSet, std::int32_t user,
+                   const std::vector<FilterValue>& values) {
+    MiddleTier tier(accountSet, user);
     MemorySchemeStore schemes;
     std::ostream silent(nullptr);
-    for (const std::vector<FilterValue>& values : firstDays) {
+    for (std::vector<FilterValue> all : FirstDays(tier.accountSet())) {
+        const bool asksForDay = !all.empty();
+        all.insert(all.end(), values.begin(), values.end());
         viewer::RunHost host(tier, schemes, silent);
         try {
             RunCost cost;
             const double start = ProcessorSeconds();
-            const Ref<Object> report = host.Run({.number = number, .values = values});
+            const Ref<Object> report = host.Run({.number = number, .values = all});
             ReadRows(*report, cost, start);
+            cost.peakKiB = PeakKiB();
             return cost;
         } catch (const viewer::RunFailure& failure) {
-            if (failure.status() != viewer::kWrongRequest || values.empty()) throw;
+            if (failure.status() != viewer::kWrongRequest || !asksForDay) throw;
         }
     }
     return {};
 }
 
-RunCost Better(const RunCost& a, const RunCost& b) { return a.last <= b.last ? a : b; }
-
-}  // namespace
-
-RunCost MeasureRun(std::int32_t number, const std::filesystem::path& accountSet, std::int32_t user,
-                   int runs) {
-    MiddleTier tier(accountSet, user);
-    const auto firstDays = FirstDays(tier.accountSet());
-    RunCost best;
-    for (int run = 0; run < runs; ++run) {
-        const RunCost cost = RunOnce(number, tier, firstDays);
-        best = run == 0 ? cost : Better(best, cost);
-    }
-    best.peakKiB = PeakKiB();
-    return best;
-}
-
-RunCost MeasureStatement(const std::string& sql, const std::filesystem::path& accountSet, int runs) {
+RunCost MeasureStatement(const std::string& sql, const std::filesystem::path& accountSet) {
     AccountSet set(accountSet);
-    RunCost best;
-    for (int run = 0; run < runs; ++run) {
-        RunCost cost;
-        std::int64_t read = 0;
-        const double start = ProcessorSeconds();
-        Statement statement(set.database(), sql);
-        const int columns = sqlite3_column_count(statement.handle());
-        while (statement.Step()) {
-            for (int i = 0; i < columns; ++i) {
-                read += sqlite3_column_type(statement.handle(), i) == SQLITE_TEXT
-                            ? static_cast<std::int64_t>(statement.Text(i).size())
-                            : statement.Int(i);
-            }
-            if (cost.rows++ == 0) cost.first = ProcessorSeconds() - start;
+    RunCost cost;
+    std::int64_t read = 0;
+    const double start = ProcessorSeconds();
+    Statement statement(set.database(), sql);
+    const int columns = sqlite3_column_count(statement.handle());
+    while (statement.Step()) {
+        for (int i = 0; i < columns; ++i) {
+            read += sqlite3_column_type(statement.handle(), i) == SQLITE_TEXT
+                        ? static_cast<std::int64_t>(statement.Text(i).size())
+                        : statement.Int(i);
         }
-        cost.last = ProcessorSeconds() - start;
-        if (read == 0) throw std::runtime_error("the statement has nothing to read");
-        best = run == 0 ? cost : Better(best, cost);
+        if (cost.rows++ == 0) cost.first = ProcessorSeconds() - start;
     }
-    best.peakKiB = PeakKiB();
-    return best;
+    cost.last = ProcessorSeconds() - start;
+    if (read == 0) throw std::runtime_error("the statement has nothing to read");
+    cost.peakKiB = PeakKiB();
+    return cost;
 }
 
 }  // namespace qor::bench

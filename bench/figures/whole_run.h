@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "viewer/run_host.h"
+
 namespace qor::bench {
 
 struct RunCost {
@@ -16,12 +18,11 @@ struct RunCost {
     std::int64_t peakKiB = 0;
 };
 
-/// The whole span of the firm's books, in the best of some runs.
-RunCost MeasureRun(std::int32_t number, const std::filesystem::path& accountSet, std::int32_t user, int runs);
+/// A run of the whole span of the firm's books, with these values besides.
+RunCost MeasureRun(std::int32_t number, const std::filesystem::path& accountSet, std::int32_t user,
+                   const std::vector<viewer::FilterValue>& values);
 
-/// A bare statement for the rows of a report, stepped with every column read. `sql` is "" where this bench
-/// knows none.
-std::string BareStatementOf(std::int32_t number);
-RunCost MeasureStatement(const std::string& sql, const std::filesystem::path& accountSet, int runs);
+/// A statement stepped through with every column read.
+RunCost MeasureStatement(const std::string& sql, const std::filesystem::path& accountSet);
 
 }  // namespace qor::bench
