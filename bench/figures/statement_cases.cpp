@@ -135,13 +135,16 @@ std::string PartyStatement(bool withGoods) {
            (withGoods ? ", g.FIndex" : "");
 }
 
-/// One half of the matching balance: the bills of a side, under the customer that the account belongs to.
-std::string MatchedBills(const std::string& party, const std::string& link) {
-    return "SELECT l.FNumber AS account, b.FDate AS day, t.FName AS kind, b.FBillNo, b.FVchNumber, g.FIndex "
-           "AS "
-           "line, i.FName AS item, i.FNumber AS code, u.FName AS unit, g.FQty, g.FPrice, g.FAmount, "
-           "b.FExplanation, b.FAmount AS amount, b.FSettleAmount, b.FDiscount, d.FName AS dept, m.FName AS "
-           "emp, b.FBillID AS bill FROM t_Organization l JOIN t_Bill b ON b." +
+/// One half of the matching balance: the bills of a side with their goods lines, under the customer that the
+/// account belongs to. `raised` is what the row adds to the balance of `side`.
+std::string MatchedBills(const std::string& party, const std::string& link, const std::string& raises) {
+    return "SELECT l.FNumber AS account, l.FName, b.FDate AS day, t.FName, b.FBillNo, b.FVchNumber, g.FIndex "
+           "AS line, i.FName, i.FNumber, u.FName, g.FQty, g.FPrice, b.FExplanation, "
+           "ifnull(g.FAmount,b.FAmount)*t." +
+           raises + " AS raised, '" + raises +
+           "' AS side, b.FSettleAmount, b.FDiscount, d.FName, m.FName, b.FBillID AS bill FROM t_Organization "
+           "l "
+           "JOIN t_Bill b ON b." +
            party + "=l." + link +
            " JOIN t_BillType t ON t.FBillType=b.FBillType LEFT JOIN t_GoodsEntry g ON g.FBillID=b.FBillID "
            "LEFT "
@@ -150,9 +153,12 @@ std::string MatchedBills(const std::string& party, const std::string& link) {
            "l.FMatchSupplyID<>0 AND b.FState=0";
 }
 
+/// Both balances of each account behind each row.
 std::string Matched() {
-    return MatchedBills("FCustID", "FItemID") + " UNION ALL " + MatchedBills("FSupplyID", "FMatchSupplyID") +
-           " ORDER BY account, day, bill, line";
+    return "SELECT *, sum(raised*(side='FReceivable')) OVER w, sum(raised*(side='FPayable')) OVER w FROM (" +
+           MatchedBills("FCustID", "FItemID", "FReceivable") + " UNION ALL " +
+           MatchedBills("FSupplyID", "FMatchSupplyID", "FPayable") +
+           ") WINDOW w AS (PARTITION BY account ORDER BY day, bill, line) ORDER BY account, day, bill, line";
 }
 
 /// The balance of each account behind each row.

@@ -48,6 +48,9 @@ RunCost MeasureRun(std::int32_t number, const std::filesystem::path& accountSet,
     std::ostream silent(nullptr);
     for (std::vector<FilterValue> all : FirstDays(tier.accountSet())) {
         const bool asksForDay = !all.empty();
+        std::erase_if(all, [&](const FilterValue& day) {
+            return std::ranges::find(values, day.first, &FilterValue::first) != values.end();
+        });
         all.insert(all.end(), values.begin(), values.end());
         viewer::RunHost host(tier, schemes, silent);
         try {
