@@ -65,12 +65,12 @@ void Form::ShowModal() {
     if (visible_) Raise(Automation::AlreadyShown);
     Load();
     if (!BeforeShow()) return;
-    // Also where it could not be shown, it can be shown another time.
+    // Also where it could not be shown, it can be shown another time; and its last owner may let it go meanwhile.
     struct Showing {
-        explicit Showing(bool& flag) : visible(flag) { visible = true; }
-        ~Showing() { visible = false; }
-        bool& visible;
-    } const showing(visible_);
+        explicit Showing(Form& shown) : form(&shown) { form->visible_ = true; }
+        ~Showing() { form->visible_ = false; }
+        Ref<Form> form;
+    } const showing(*this);
     windows_.RunModal(*this);
 }
 
