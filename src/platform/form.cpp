@@ -65,7 +65,8 @@ void Form::ShowModal() {
     if (visible_) Raise(Automation::AlreadyShown);
     Load();
     if (!BeforeShow()) return;
-    // Also where it could not be shown, it can be shown another time; and its last owner may let it go meanwhile.
+    // Also where it could not be shown, it can be shown another time; and its last owner may let it go
+    // meanwhile.
     struct Showing {
         explicit Showing(Form& shown) : form(&shown) { form->visible_ = true; }
         ~Showing() { form->visible_ = false; }
