@@ -2,13 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 #include <string>
-#include <tuple>
-#include <vector>
+#include <utility>
 
 #include "embedded/cash_book.h"
 #include "embedded/item_texts.h"
 #include "embedded/money.h"
+#include "embedded/rows_by_account.h"
 
 namespace qor {
 
@@ -26,44 +27,40 @@ class Journal {
         const ItemTexts::Texts* party;
         const ItemTexts::Texts* department;
         const ItemTexts::Texts* employee;
-        Value number, explanation;
+        std::size_t texts;  // number and explanation
     };
 
-    Journal(AccountSet& set, CashBook& book) : items_(set, false), accounts_(book.accounts().size()) {
+    Journal(AccountSet& set, CashBook& book) : items_(set, false), rows_(book.accounts().size()) {
         for (const BillKindRow& row : kBillKinds) {
             kindNames_[static_cast<std::size_t>(row.kind)] = row.name;
         }
         book.Read(kJournalColumns, [this](const CashBook::Movement& movement, const Statement& bill) {
             constexpr int kFirst = CashBook::kFirstColumn;
-            accounts_[movement.account].push_back({.movement = movement,
-                                                   .bill = bill.Int(kFirst),
-                                                   .party = &items_.Of(bill.Int(kFirst + 1)),
-                                                   .department = &items_.Of(bill.Int(kFirst + 2)),
-                                                   .employee = &items_.Of(bill.Int(kFirst + 3)),
-                                                   .number = bill.Text(kFirst + 4),
-                                                   .explanation = texts_.Share(bill.Text(kFirst + 5))});
+            ++count_;
+            rows_.Add(movement.account,
+                      {.movement = movement,
+                       .bill = bill.Int(kFirst),
+                       .party = &items_.Of(bill.Int(kFirst + 1)),
+                       .department = &items_.Of(bill.Int(kFirst + 2)),
+                       .employee = &items_.Of(bill.Int(kFirst + 3)),
+                       .texts = texts_.Add({bill.Text(kFirst + 4), bill.Text(kFirst + 5)})});
         });
-        for (std::vector<Row>& rows : accounts_) {
-            const auto place = [](const Row& row) { return std::tuple(row.movement.day, row.bill); };
-            if (!std::ranges::is_sorted(rows, {}, place)) std::ranges::stable_sort(rows, {}, place);
-        }
+        rows_.Deal([](const Row& row) { return std::pair(row.movement.day, row.bill); });
     }
 
-    std::size_t count() const {
-        std::size_t count = 0;
-        for (const std::vector<Row>& rows : accounts_) {
-            count += rows.size();
-        }
-        return count;
-    }
-    std::vector<Row>& Of(std::size_t account) { return accounts_[account]; }
+    std::size_t count() const { return count_; }
+    std::span<const Row> Of(std::size_t account) { return rows_.Of(account); }
+    RowTexts::Reader TextsOf(const Row& row) const { return texts_.From(row.texts); }
+    Value Shared(std::string_view explanation) { return explanations_.Share(explanation); }
     const Value& NameOf(BillKind kind) const { return kindNames_[static_cast<std::size_t>(kind)]; }
 
  private:
     ItemTexts items_;
-    SharedTexts texts_;
     std::array<Value, std::size(kBillKinds) + 1> kindNames_;
-    std::vector<std::vector<Row>> accounts_;
+    RowsByAccount<Row> rows_;
+    RowTexts texts_;
+    SharedTexts explanations_;
+    std::size_t count_ = 0;
 };
 
 void AddOpening(ColumnarRecordSet& set, const CashAccount& account, std::optional<std::int64_t> firstDay) {
@@ -73,9 +70,10 @@ void AddOpening(ColumnarRecordSet& set, const CashAccount& account, std::optiona
 }
 
 void AddMovements(ColumnarRecordSet& set, const CashAccount& account, Journal& journal,
-                  std::vector<Journal::Row>& rows) {
+                  std::span<const Journal::Row> rows) {
     std::int64_t balance = account.begin;
-    for (Journal::Row& row : rows) {
+    for (const Journal::Row& row : rows) {
+        RowTexts::Reader texts = journal.TextsOf(row);
         const std::int64_t flow = row.movement.flow;
         balance += flow;
         std::size_t column = 0;
@@ -83,12 +81,12 @@ void AddMovements(ColumnarRecordSet& set, const CashAccount& account, Journal& j
         add(account.number);
         add(account.name);
         add(Date{static_cast<double>(row.movement.day)});
-        add(std::move(row.number));
+        add(texts.Next());
         add(journal.NameOf(row.movement.kind));
         add(Yuan(std::max<std::int64_t>(flow, 0)));
         add(Yuan(std::max<std::int64_t>(-flow, 0)));
         add(Yuan(balance));
-        add(std::move(row.explanation));
+        add(journal.Shared(texts.Next()));
         add(row.party->name);
         add(row.department->name);
         add(row.employee->name);

@@ -1,6 +1,5 @@
 #include "viewer/command_import.h"
 
-#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 
@@ -10,10 +9,6 @@
 namespace qor::viewer {
 
 namespace {
-
-struct ImportRequest {
-    std::string folder, file;
-};
 
 void TellMistakes(const ImportMistakes& mistakes, std::ostream& errors) {
     for (const ImportMistake& mistake : mistakes.kept()) {
@@ -44,21 +39,6 @@ int ImportBooksInto(const std::string& folder, const std::string& file, std::ost
         errors << "qorview import: " << error.description() << '\n';
         return 1;
     }
-}
-
-void AddImportCommand(CLI::App& program, int& status) {
-    const auto request = std::make_shared<ImportRequest>();
-    CLI::App* command = program.add_subcommand(
-        "import",
-        "Takes a firm's books from a folder of CSV files into an account set, wholly or not at all");
-    command
-        ->add_option("DIR", request->folder, "The folder; docs/account-set.md says what stands in its files")
-        ->required();
-    command->add_option("--into", request->file, "The account set; it is made, or added to where it exists")
-        ->required();
-    command->callback([request, &status] {
-        status = ImportBooksInto(request->folder, request->file, std::cout, std::cerr);
-    });
 }
 
 }  // namespace qor::viewer

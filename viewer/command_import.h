@@ -4,14 +4,7 @@
 #include <iosfwd>
 #include <string>
 
-namespace CLI {
-class App;
-}
-
 namespace qor::viewer {
-
-/// Adds the command to the program's; running it leaves the exit status in `status`.
-void AddImportCommand(CLI::App& program, int& status);
 
 /// Answers the exit status: 0 where the books are in `file`, 1 where they are not; the mistakes are then
 /// lines on `errors`.

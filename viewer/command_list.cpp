@@ -1,6 +1,5 @@
 #include "viewer/command_list.h"
 
-#include <CLI/CLI.hpp>
 #include <array>
 #include <iostream>
 
@@ -34,14 +33,6 @@ void PrintReportList(std::ostream& out) {
         if (report.description.detailRptID != 0) out << ", a row opens " << report.description.detailRptID;
         out << '\n';
     }
-}
-
-void AddListCommand(CLI::App& program, int& status) {
-    CLI::App* command = program.add_subcommand("list", "The reports with number, name and family");
-    command->callback([&status] {
-        PrintReportList(std::cout);
-        status = 0;
-    });
 }
 
 }  // namespace qor::viewer

@@ -1,6 +1,5 @@
 #include "viewer/command_play.h"
 
-#include <CLI/CLI.hpp>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -44,14 +43,6 @@ int PlayConversation(const std::string& file, std::istream& in, std::ostream& ou
                << '\n';
         return kRefused;
     }
-}
-
-void AddPlayCommand(CLI::App& program, int& status) {
-    CLI::App* command =
-        program.add_subcommand("play", "Play a host's conversation with a report from a file");
-    const auto file = std::make_shared<std::string>();
-    command->add_option("FILE", *file, "The conversation, a JSON file; - reads standard input")->required();
-    command->callback([file, &status] { status = PlayConversation(*file, std::cin, std::cout, std::cerr); });
 }
 
 }  // namespace qor::viewer

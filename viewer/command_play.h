@@ -4,14 +4,7 @@
 #include <iosfwd>
 #include <string>
 
-namespace CLI {
-class App;
-}
-
 namespace qor::viewer {
-
-/// Adds the command to the program's; running it leaves the exit status in `status`.
-void AddPlayCommand(CLI::App& program, int& status);
 
 /// Plays the conversation in `file`, "-" for standard input. Answers the exit status: 0 where it was played
 /// to its end, 2 where it was refused; the reason is then one line on `errors`.

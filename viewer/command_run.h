@@ -1,13 +1,26 @@
 // `qorview run`: runs a report on an account set and prints it.
 #pragma once
 
-namespace CLI {
-class App;
-}
+#include <string>
+#include <vector>
+
+#include "viewer/report_view.h"
+#include "viewer/run_host.h"
 
 namespace qor::viewer {
 
-/// Adds the command to the program's; running it leaves the exit status in `status`.
-void AddRunCommand(CLI::App& program, int& status);
+enum class OutputFormat { Table, Csv, Json };
+
+struct RunArguments {
+    RunRequest request;                    // all but its values
+    std::vector<std::string> assignments;  // KEY=VALUE
+    Columns columns = Columns::Shown;
+    OutputFormat format = OutputFormat::Table;
+    std::string accountSet;  // the sample firm's where it is empty
+};
+
+/// Runs the report and prints it on standard output. Answers the exit status; what went wrong is then a line
+/// on standard error.
+int RunReport(RunArguments arguments);
 
 }  // namespace qor::viewer

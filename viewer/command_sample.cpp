@@ -1,6 +1,5 @@
 #include "viewer/command_sample.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
 #include <memory>
@@ -12,11 +11,6 @@ namespace qor::viewer {
 
 namespace {
 
-struct SampleRequest {
-    std::string file;
-    SampleOptions options;
-};
-
 constexpr int kBarWidth = 40;
 
 /// One line on standard error that fills up.
@@ -27,32 +21,17 @@ void ShowProgress(double done) {
               << static_cast<int>(done * 100) << " %" << std::flush;
 }
 
-int Make(const SampleRequest& request) {
+}  // namespace
+
+int MakeSampleSet(const std::string& file, const SampleOptions& options) {
     try {
-        MakeSample(request.file, request.options, ShowProgress);
-        std::cerr << '\n'
-                  << request.file << ": " << request.options.bills << " bills, seed " << request.options.seed
-                  << '\n';
+        MakeSample(file, options, ShowProgress);
+        std::cerr << '\n' << file << ": " << options.bills << " bills, seed " << options.seed << '\n';
         return 0;
     } catch (const Error& error) {
         std::cerr << "qorview sample: " << error.description() << '\n';
         return 1;
     }
-}
-
-}  // namespace
-
-void AddSampleCommand(CLI::App& program, int& status) {
-    const auto request = std::make_shared<SampleRequest>();
-    CLI::App* command =
-        program.add_subcommand("sample", "Makes an account set with the books of a sample firm");
-    command->add_option("FILE", request->file, "The account set to be made; it must not exist")->required();
-    command->add_option("--bills", request->options.bills, "How many bills the firm has")
-        ->capture_default_str()
-        ->check(CLI::Range(std::int64_t{0}, std::int64_t{100'000'000}));
-    command->add_option("--seed", request->options.seed, "The same seed gives the same books")
-        ->capture_default_str();
-    command->callback([request, &status] { status = Make(*request); });
 }
 
 }  // namespace qor::viewer

@@ -1,13 +1,14 @@
 // `qorview sample`: makes an account set with the books of a sample firm.
 #pragma once
 
-namespace CLI {
-class App;
-}
+#include <string>
+
+#include "embedded/sample.h"
 
 namespace qor::viewer {
 
-/// Adds the command to the program's; running it leaves the exit status in `status`.
-void AddSampleCommand(CLI::App& program, int& status);
+/// Makes the account set in `file`, which must not exist, with a bar of its progress on standard error.
+/// Answers the exit status.
+int MakeSampleSet(const std::string& file, const SampleOptions& options);
 
 }  // namespace qor::viewer

@@ -70,9 +70,9 @@ LSTATUS RemoveClass(HKEY root, const RegisteredClass& registered) {
 
 bool HasClassesKey(HKEY root, const std::wstring& key) {
     HKEY opened = nullptr;
-    if (RegOpenKeyExW(root, (kClasses + key).c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) return false;
-    RegCloseKey(opened);
-    return true;
+    const LSTATUS status = RegOpenKeyExW(root, (kClasses + key).c_str(), 0, KEY_READ, &opened);
+    if (status == ERROR_SUCCESS) RegCloseKey(opened);
+    return status == ERROR_SUCCESS || status == ERROR_ACCESS_DENIED;
 }
 
 }  // namespace qor::windows

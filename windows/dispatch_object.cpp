@@ -95,6 +95,11 @@ MemberId FromDispid(Object& object, DISPID id) {
     return id == DISPID_VALUE ? object.DefaultMember() : id - 1;
 }
 
+HRESULT HandOut(ComPtr<ITypeInfo> description, ITypeInfo** info) {
+    *info = description.Detach();
+    return *info ? S_OK : TYPE_E_CANTLOADLIBRARY;
+}
+
 }  // namespace
 
 DispatchObject::DispatchObject(Object& object)
@@ -132,14 +137,15 @@ HRESULT DispatchObject::GetTypeInfoCount(UINT* count) {
 
 HRESULT DispatchObject::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
     if (!info) return E_POINTER;
-    *info = index == 0 && class_ ? DescriptionOf(class_->InterfaceId()).Detach() : nullptr;
-    return *info ? S_OK : DISP_E_BADINDEX;
+    *info = nullptr;
+    if (index != 0 || !class_) return DISP_E_BADINDEX;
+    return AtBorder(nullptr, [&] { return HandOut(DescriptionOf(class_->InterfaceId()), info); });
 }
 
 HRESULT DispatchObject::GetClassInfo(ITypeInfo** info) {
     if (!info) return E_POINTER;
-    *info = DescriptionOf(class_->ClassId()).Detach();
-    return *info ? S_OK : TYPE_E_CANTLOADLIBRARY;
+    *info = nullptr;
+    return AtBorder(nullptr, [&] { return HandOut(DescriptionOf(class_->ClassId()), info); });
 }
 
 HRESULT DispatchObject::GetGUID(DWORD kind, GUID* id) {
@@ -157,6 +163,7 @@ MemberId DispatchObject::FindMember(const wchar_t* name) {
 
 HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
     if (!names || !names[0] || !ids || count == 0) return E_INVALIDARG;
+    if (IsElsewhere()) return RPC_E_WRONG_THREAD;
     return AtBorder(nullptr, [&]() -> HRESULT {
         const MemberId member = FindMember(names[0]);
         ids[0] = member == kNoMember ? DISPID_UNKNOWN : ToDispid(*object_, member);
@@ -172,6 +179,7 @@ HRESULT DispatchObject::Invoke(DISPID member, REFIID id, LCID, WORD flags, DISPP
     if (id != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
     if (!parameters) return E_INVALIDARG;
     if (wrongArgument) *wrongArgument = 0;
+    if (IsElsewhere()) return RPC_E_WRONG_THREAD;
     const ComPtr<IDispatch> kept(this);  // the last reference may go inside the call
     return AtBorder(info, [&] { return InvokeMember(member, flags, *parameters, result); });
 }

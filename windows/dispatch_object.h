@@ -45,6 +45,9 @@ class DispatchObject final
     HRESULT NewEnum(VARIANT* result);
     MemberId FindMember(const wchar_t* name);
 
+    bool IsElsewhere() const { return GetCurrentThreadId() != thread_; }
+
+    const DWORD thread_ = GetCurrentThreadId();  // the only one that may call the object
     Ref<Object> object_;
     const PublicClass* class_;             // null for objects that hosts do not create
     const NameIndex* names_ = nullptr;     // of the object's class, from the first question on

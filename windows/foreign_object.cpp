@@ -1,6 +1,5 @@
 #include "windows/foreign_object.h"
 
-#include <algorithm>
 #include <array>
 #include <memory_resource>
 #include <vector>
@@ -68,8 +67,9 @@ Ref<Object> ForeignObject::Borrowed(IDispatch* dispatch) {
 }
 
 MemberId ForeignObject::FindMember(std::string_view name) {
-    const auto known = std::ranges::find(members_, name, &Known::name);
-    if (known != members_.end()) return known->member;
+    // A script's object may have members of its own beside its class's.
+    if (!members_) members_ = dispatchEx_ ? std::make_shared<MemberIds>() : MemberIds::Of(*dispatch_.Get());
+    if (const auto known = members_->Find(name)) return *known;
     DISPID id = DISPID_UNKNOWN;
     const Bstr wide(name);
     HRESULT result = E_NOTIMPL;
@@ -83,7 +83,7 @@ MemberId ForeignObject::FindMember(std::string_view name) {
         RaiseFromCom(result, info);
     }
     if (FAILED(result)) return kNoMember;  // not kept: a script's object may get the member yet
-    members_.push_back({std::string(name), id});
+    members_->Keep(name, id);
     return id;
 }
 

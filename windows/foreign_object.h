@@ -3,10 +3,10 @@
 
 #include <dispex.h>
 
-#include <string>
-#include <vector>
+#include <memory>
 
 #include "windows/bridge.h"
+#include "windows/member_ids.h"
 
 namespace qor::windows {
 
@@ -29,10 +29,6 @@ class ForeignObject final : public Object {
     IDispatch* dispatch() const { return dispatch_.Get(); }
 
  private:
-    struct Known {
-        std::string name;
-        MemberId member;
-    };
     enum class Borrowing { Borrows };
     ForeignObject(IDispatch* dispatch, Borrowing) : borrowed_(true) { dispatch_.Attach(dispatch); }
 
@@ -42,7 +38,7 @@ class ForeignObject final : public Object {
     IUnknown* identity_ = nullptr;    // stands as long as `dispatch_` does; null for a borrowed object
     ComPtr<IDispatchEx> dispatchEx_;  // script classes of a host answer only this one
     bool borrowed_ = false;
-    std::vector<Known> members_;  // looked up once; few of one object are ever asked for
+    std::shared_ptr<MemberIds> members_;  // of its class, from the first question on
 };
 
 }  // namespace qor::windows

@@ -1,5 +1,6 @@
 #include "windows/registration.h"
 
+#include <algorithm>
 #include <string>
 
 #include "windows/class_registration.h"
@@ -74,6 +75,12 @@ HRESULT UnregisterFrom(HKEY root) {
     return HRESULT_FROM_WIN32(static_cast<unsigned long>(worst));
 }
 
+bool StandsIn(HKEY root) {
+    return std::ranges::any_of(PublicClasses(), [root](const PublicClass& known) {
+        return HasClassesKey(root, L"CLSID\\" + BracedId(known.ClassId()));
+    });
+}
+
 bool IsDenied(HRESULT result) { return result == E_ACCESSDENIED || result == TYPE_E_REGISTRYACCESS; }
 
 }  // namespace
@@ -90,7 +97,8 @@ HRESULT RegisterComponentForUser() { return RegisterIn(HKEY_CURRENT_USER); }
 HRESULT UnregisterComponent() {
     const HRESULT user = UnregisterFrom(HKEY_CURRENT_USER);
     const HRESULT machineWide = UnregisterFrom(HKEY_LOCAL_MACHINE);
-    return IsDenied(machineWide) ? user : machineWide;
+    // Where the machine's registration is denied and nothing stands in it, the user's was all there was.
+    return IsDenied(machineWide) && !StandsIn(HKEY_LOCAL_MACHINE) ? user : machineWide;
 }
 
 }  // namespace qor::windows

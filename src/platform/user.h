@@ -24,7 +24,7 @@ class User {
     bool Option(OptionButton& button);
     bool Select(DropDown& list, std::int32_t index);
     bool Date(DatePicker& picker, qor::Date date);
-    /// Spin buttons take no focus; only a hidden or disabled one loses the action.
+    /// A press gives the spin the focus, which no key reaches; a hidden or disabled one loses the action.
     bool Spin(qor::Spin& spin, std::int32_t value);
     /// Edits one cell and leaves it. A cell that is locked, hidden or outside the grid loses the action, as
     /// the locks stand when the focus has come to the grid.

@@ -19,6 +19,7 @@ std::span<const HostCheck> LifeChecks();
 std::span<const HostCheck> CallChecks();
 std::span<const HostCheck> DescriptionChecks();
 std::span<const HostCheck> RegistrationChecks();
+std::span<const HostCheck> MemberIdChecks();
 
 /// Raises, with the line, where `holds` is false.
 void Expect(bool holds, std::string_view what,

@@ -160,6 +160,24 @@ HRESULT CreatedOnAnotherThread() {
     return result;
 }
 
+/// Neither is its object to be called from elsewhere, whoever carried the pointer there.
+void AnObjectIsCalledOnItsThreadAlone() {
+    const windows::ComPtr<IDispatch> report = Create("QORArApRpt.Rpt10522");
+    OLECHAR name[] = L"RptID";
+    LPOLESTR names = name;
+    DISPID id = 0;
+    Expect(report->GetIDsOfNames(IID_NULL, &names, 1, 0, &id) == S_OK, "no RptID");
+    HRESULT asked = S_OK, called = S_OK;
+    std::thread([&] {
+        DISPID other = 0;
+        DISPPARAMS none{};
+        windows::Variant answer;
+        asked = report->GetIDsOfNames(IID_NULL, &names, 1, 0, &other);
+        called = report->Invoke(id, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, answer.get(), nullptr, nullptr);
+    }).join();
+    Expect(asked == RPC_E_WRONG_THREAD && called == RPC_E_WRONG_THREAD, "another thread is answered");
+}
+
 void ReportsLiveOnOneThread() {
     Expect(SUCCEEDED(CreatedOnAnotherThread()), "a thread of its own gets no report");
     const Ref<Object> report = CreateObject("QORArApRpt.Rpt10522");  // the other thread has ended
@@ -176,6 +194,7 @@ constexpr HostCheck kChecks[] = {
     {"TheLibraryGoesWhenNobodyUsesIt", TheLibraryGoesWhenNobodyUsesIt},
     {"ALockKeepsTheLibrary", ALockKeepsTheLibrary},
     {"ReportsLiveOnOneThread", ReportsLiveOnOneThread},
+    {"AnObjectIsCalledOnItsThreadAlone", AnObjectIsCalledOnItsThreadAlone},
 };
 
 }  // namespace

@@ -13,6 +13,7 @@ using windows::PublicClass;
 using windows::PublicClasses;
 
 constexpr wchar_t kReadOnly[] = L"D:P(A;;KR;;;WD)";
+constexpr wchar_t kClosed[] = L"D:P";  // under wine, what may be read may be deleted
 constexpr wchar_t kWritable[] = L"D:P(A;;KA;;;WD)";
 
 void SetRights(HKEY key, const wchar_t* rights) {
@@ -112,9 +113,23 @@ void RegistersForTheUserWhereTheMachineIsDenied() {
     SetRights(closed.get(), kWritable);
 }
 
+void TakingBackTellsThatItWasDenied() {
+    const OwnRegistry registry;
+    Expect(CallComponent("DllRegisterServer") == S_OK, "it does not register");
+    const PublicClass& denied = PublicClasses()[2];
+    const Key closed(registry.machine.get(),
+                     L"Software\\Classes\\CLSID\\" + windows::BracedId(denied.ClassId()));
+    SetRights(closed.get(), kClosed);
+    Expect(CallComponent("DllUnregisterServer") == E_ACCESSDENIED, "a denial is passed over");
+    SetRights(closed.get(), kWritable);
+    Expect(IsKnown(registry.machine.get(), denied), "what was denied is gone");
+    Expect(CallComponent("DllUnregisterServer") == S_OK, "it does not unregister");
+}
+
 constexpr HostCheck kChecks[] = {
     {"RegistersForAllUsers", RegistersForAllUsers},
     {"RegistersForTheUserWhereTheMachineIsDenied", RegistersForTheUserWhereTheMachineIsDenied},
+    {"TakingBackTellsThatItWasDenied", TakingBackTellsThatItWasDenied},
 };
 
 }  // namespace
