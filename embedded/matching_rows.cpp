@@ -1,5 +1,6 @@
 #include "embedded/matching_rows.h"
 
+#include <algorithm>
 #include <optional>
 #include <span>
 #include <string>
@@ -39,6 +40,7 @@ class MatchingWriter {
             fields.emplace_back(field);
         }
         set_ = MakeRef<ColumnarRecordSet>(std::move(fields));
+        set_->Reserve(RowCount());
     }
 
     void Write(const MatchedAccount& account) {
@@ -65,6 +67,19 @@ class MatchingWriter {
     struct Texts {
         Value number, voucher, explanation;
     };
+
+    /// Of all accounts, with opening and totals.
+    std::size_t RowCount() const {
+        std::size_t rows = 1;
+        for (const MatchedAccount& account : accounts_.shown()) {
+            rows += 2 + account.bills.size();
+            if (!goods_) continue;
+            for (const MatchedBill& bill : account.bills) {
+                rows += std::max<std::size_t>(goods_->Of(bill.bill).size(), 1) - 1;
+            }
+        }
+        return rows;
+    }
 
     Texts TextsOf(const MatchedBill& bill) {
         RowTexts::Reader texts = accounts_.TextsOf(bill);
