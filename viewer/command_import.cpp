@@ -1,7 +1,6 @@
 #include "viewer/command_import.h"
 
 #include <iostream>
-#include <memory>
 
 #include "embedded/import_folder.h"
 #include "platform/error.h"

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iostream>
-#include <memory>
 
 #include "embedded/sample.h"
 #include "platform/error.h"
