@@ -2,6 +2,7 @@
 
 #include <array>
 #include <memory_resource>
+#include <span>
 #include <vector>
 
 #include "windows/outward_objects.h"
@@ -32,13 +33,19 @@ WORD FlagsOf(InvokeKind kind) {
 
 bool IsUnknownWay(HRESULT result) { return result == DISP_E_MEMBERNOTFOUND || result == E_NOTIMPL; }
 
-/// Lets a reference to a VARIANT be one to the VARIANT's content. Classes whose parameters have types take no
-/// other; one that holds nothing yet stays what it is.
-void ReferToContent(VARIANT& reference) {
-    VARIANT& content = *reference.pvarVal;
-    if (content.vt == VT_EMPTY || content.vt == VT_NULL) return;
-    reference.vt = static_cast<VARTYPE>(VT_BYREF | content.vt);
-    reference.byref = &content.byref;
+/// Lets references to VARIANTs be ones to the VARIANTs' content: classes whose parameters have types take no
+/// others. One that holds nothing yet stays what it is. Answers whether any has changed.
+bool ReferToContents(std::span<VARIANT> arguments) {
+    bool changed = false;
+    for (VARIANT& argument : arguments) {
+        if (argument.vt != (VT_BYREF | VT_VARIANT)) continue;
+        VARIANT& content = *argument.pvarVal;
+        if (content.vt == VT_EMPTY || content.vt == VT_NULL) continue;
+        argument.vt = static_cast<VARTYPE>(VT_BYREF | content.vt);
+        argument.byref = &content.byref;
+        changed = true;
+    }
+    return changed;
 }
 
 }  // namespace
@@ -131,10 +138,7 @@ Value ForeignObject::Invoke(MemberId member, InvokeKind kind, Arguments argument
         const InvokeKind other = kind == InvokeKind::Put ? InvokeKind::PutRef : InvokeKind::Put;
         answer = InvokeAs(member, FlagsOf(other), parameters, nullptr, info);
     }
-    if (answer == DISP_E_TYPEMISMATCH) {
-        for (VARIANT& argument : reversed) {
-            if (argument.vt == (VT_BYREF | VT_VARIANT)) ReferToContent(argument);
-        }
+    if (answer == DISP_E_TYPEMISMATCH && ReferToContents(reversed)) {
         answer = InvokeAs(member, FlagsOf(kind), parameters, isPut ? nullptr : result.get(), info);
     }
     if (FAILED(answer)) RaiseFromCom(answer, info);

@@ -6,8 +6,8 @@
 #include "bench/windows/component_tables.h"
 #include "bench/windows/host_call.h"
 #include "bench/windows/quick_server.h"
+#include "tests/windows/host/bare_dispatch.h"
 #include "windows/bridge.h"
-#include "windows/com_object.h"
 
 namespace qor::bench {
 
@@ -16,14 +16,8 @@ namespace {
 constexpr int kTimes = 1000;
 
 /// Answers every call with nothing.
-class EmptyObject final : public windows::ComObject<IDispatch> {
+class EmptyObject final : public host::BareDispatch {
  public:
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-        *object = id == IID_IUnknown || id == IID_IDispatch ? this : nullptr;
-        return *object ? (AddRef(), S_OK) : E_NOINTERFACE;
-    }
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override { return *count = 0, S_OK; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID* ids) override { return *ids = 1, S_OK; }
     STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
         return S_OK;

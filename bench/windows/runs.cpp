@@ -9,8 +9,8 @@
 #include "bench/windows/quick_server.h"
 #include "library.h"
 #include "platform/headless.h"
+#include "tests/windows/host/bare_dispatch.h"
 #include "windows/bridge.h"
-#include "windows/com_object.h"
 #include "windows/windows_platform.h"
 
 namespace qor::bench {
@@ -93,16 +93,9 @@ double UnseenRun() {
 }
 
 /// Hears a bar's activation and closes its window.
-class Closer final : public windows::ComObject<IDispatch> {
+class Closer final : public host::BareDispatch {
  public:
     explicit Closer(IDispatch* bar) : unload_{bar, L"Unload", DISPATCH_METHOD} { unload_.Find(); }
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-        *object = id == IID_IUnknown || id == IID_IDispatch ? this : nullptr;
-        return *object ? (AddRef(), S_OK) : E_NOINTERFACE;
-    }
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override { return *count = 0, S_OK; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
     STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
         return unload_(), S_OK;
     }

@@ -6,8 +6,8 @@
 #include <functional>
 
 #include "platform/dictionary.h"
+#include "tests/windows/host/bare_dispatch.h"
 #include "tests/windows/host/host_checks.h"
-#include "windows/com_object.h"
 #include "windows/types/class_ids.h"
 
 namespace qor::host {
@@ -254,22 +254,12 @@ void TheBarRaisesActiveInsideItsShow() {
 }
 
 /// A sink that unadvises itself as it goes, as hosts' sinks do.
-class PartingSink final : public windows::ComObject<IDispatch> {
+class PartingSink final : public BareDispatch {
  public:
     PartingSink(IConnectionPoint* point, int& parted) : point_(point), parted_(parted) {}
     ~PartingSink() override {
         ++parted_;
         point_->Unadvise(1);
-    }
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-        *object = id == IID_IUnknown || id == IID_IDispatch ? this : nullptr;
-        return *object ? (AddRef(), S_OK) : E_NOINTERFACE;
-    }
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override { return *count = 0, S_OK; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-        return S_OK;
     }
 
  private:
@@ -291,17 +281,12 @@ void ASinkMayUnadviseItselfAsItGoes() {
 }
 
 /// A server's class whose parameters have types: it takes a reference to nothing but a number.
-class TypedServer final : public windows::ComObject<IDispatch> {
+class TypedServer final : public BareDispatch {
  public:
-    explicit TypedServer(HRESULT answer) : answer_(answer) {}
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-        *object = id == IID_IUnknown || id == IID_IDispatch ? this : nullptr;
-        return *object ? (AddRef(), S_OK) : E_NOINTERFACE;
-    }
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override { return *count = 0, S_OK; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    TypedServer(HRESULT answer, int* calls) : answer_(answer), calls_(calls) {}
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID* ids) override { return *ids = 1, S_OK; }
     STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT*, EXCEPINFO*, UINT*) override {
+        if (calls_) ++*calls_;
         if (FAILED(answer_)) return answer_;
         if (given->cArgs != 1 || given->rgvarg[0].vt != (VT_BYREF | VT_I4)) return DISP_E_TYPEMISMATCH;
         *given->rgvarg[0].plVal += 1;
@@ -310,11 +295,12 @@ class TypedServer final : public windows::ComObject<IDispatch> {
 
  private:
     HRESULT answer_;
+    int* calls_;
 };
 
-Ref<Object> NewTypedServer(HRESULT answer = S_OK) {
+Ref<Object> NewTypedServer(HRESULT answer = S_OK, int* calls = nullptr) {
     ComPtr<IDispatch> made;
-    made.Attach(new TypedServer(answer));
+    made.Attach(new TypedServer(answer, calls));
     return windows::Inward(made.Get());
 }
 
@@ -326,6 +312,15 @@ void TypedReferencesReachAServer() {
     Value text = "41";
     Expect(ErrorOf([&] { server->Call("Count", Argument::ByRef(text)); }) == 13,
            "a text is taken for a number");
+}
+
+void ARefusedCallIsNotMadeAgainWithTheSameArguments() {
+    int calls = 0;
+    const Ref<Object> server = NewTypedServer(DISP_E_TYPEMISMATCH, &calls);
+    Expect(ErrorOf([&] { server->Call("Count", 41); }) == 13 && calls == 1, "values are offered twice");
+    Value nothing;
+    Expect(ErrorOf([&] { server->Call("Count", Argument::ByRef(nothing)); }) == 13 && calls == 2,
+           "a reference to nothing is offered twice");
 }
 
 void AServersResultIsToldInTheSystemsWords() {
@@ -384,6 +379,7 @@ constexpr HostCheck kChecks[] = {
     {"EventsAreHeard", EventsAreHeard},
     {"ASinkMayUnadviseItselfAsItGoes", ASinkMayUnadviseItselfAsItGoes},
     {"TypedReferencesReachAServer", TypedReferencesReachAServer},
+    {"ARefusedCallIsNotMadeAgainWithTheSameArguments", ARefusedCallIsNotMadeAgainWithTheSameArguments},
     {"AServersResultIsToldInTheSystemsWords", AServersResultIsToldInTheSystemsWords},
     {"APutThatIsLeftOpenGoesByItsValue", APutThatIsLeftOpenGoesByItsValue},
     {"AMissingArgumentMayBeHandedOn", AMissingArgumentMayBeHandedOn},

@@ -1,6 +1,6 @@
 // Member ids of a server's objects: asked for once a class.
+#include "tests/windows/host/bare_dispatch.h"
 #include "tests/windows/host/host_checks.h"
-#include "windows/com_object.h"
 
 namespace qor::host {
 
@@ -9,15 +9,11 @@ namespace {
 using windows::ComPtr;
 
 /// An object with any member, described as another is, that counts how often it is asked for an id.
-class Described final : public windows::ComObject<IDispatch> {
+class Described final : public BareDispatch {
  public:
     Described(ComPtr<ITypeInfo> description, int& asked)
         : description_(std::move(description)), asked_(asked) {}
 
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-        *object = id == IID_IUnknown || id == IID_IDispatch ? this : nullptr;
-        return *object ? (AddRef(), S_OK) : E_NOINTERFACE;
-    }
     STDMETHODIMP GetTypeInfoCount(UINT* count) override { return *count = description_ ? 1 : 0, S_OK; }
     STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) override {
         *info = ComPtr<ITypeInfo>(description_).Detach();
