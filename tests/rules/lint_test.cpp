@@ -137,8 +137,8 @@ const Breach kBreaches[] = {
      "See P"
      "art 1.2.\n",
      "docs/a.md:1"},
-    {"BrokenScript", "scripts", "tools/a", "if true\n", "syntax error"},
-    {"ScriptWithoutRunBit", "scripts", "tools/a", "true\n", "no run bit"},
+    {"BrokenScript", "scripts", "tools/a", "#!/bin/sh\nif true\n", "syntax error"},
+    {"ScriptWithoutRunBit", "scripts", "bench/windows/a", "#!/bin/sh\ntrue\n", "no run bit"},
     {"Unformatted", "format", "src/report/a.cpp", "int  a ;\n", "clang-format"},
 };
 

@@ -1,9 +1,13 @@
-# Every shell script can at least be read by the shell, and may be run.
+# Every shell script can at least be read by the shell, and may be run: what begins with "#!" is one.
 check_scripts() {
     local file
-    matching '^(run|check|\.ci/run|tools/.*)$' | while IFS= read -r file; do
+    matching '(^|/)[^/.]+$|\.sh$|^\.ci/run$' | while IFS= read -r file; do
+        case $file in *.sh) ;; *)
+            [ "$(head -c 2 "$file" | tr -d '\0')" = '#!' ] || continue
+            [ -x "$file" ] || echo "$file: no run bit"
+            ;;
+        esac
         bash -n "$file" 2>&1
-        case $file in *.sh) ;; *) [ -x "$file" ] || echo "$file: no run bit" ;; esac
     done
 }
 mend_scripts() { echo "bash -n FILE shows the place; chmod +x gives the run bit"; }
