@@ -32,6 +32,12 @@ std::wstring TextOf(HWND window) {
     return text;
 }
 
+bool TakeBoxCharacter(HWND box, WPARAM character) {
+    constexpr WPARAM kControlA = 1, kControlBackspace = 127;
+    if (character == kControlA) SendMessageW(box, EM_SETSEL, 0, -1);
+    return character == kControlA || character == kControlBackspace;
+}
+
 ControlWindow::ControlWindow(Control& control, const FormSurface& surface, const wchar_t* windowClass,
                              DWORD style, DWORD extendedStyle)
     : control_(control),

@@ -99,6 +99,10 @@ wchar_t MnemonicOf(std::string_view caption);
 
 std::wstring TextOf(HWND window);
 
+/// What a box does with a character of its own account, where the system's may not: Ctrl+A selects all, and
+/// Ctrl+Backspace types nothing. Answers whether that was all.
+bool TakeBoxCharacter(HWND box, WPARAM character);
+
 /// The window of a control, on its form's surface, showing what the model holds; null for kinds that are not
 /// drawn.
 std::unique_ptr<ControlWindow> MakeControlWindow(Control& control, const FormSurface& surface);

@@ -56,6 +56,7 @@ class TextWindow final : public ControlWindow {
     // the text belongs to the border, and is drawn like the box.
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                       DWORD_PTR self) {
+        if (message == WM_CHAR && TakeBoxCharacter(window, wParam)) return 0;
         const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
         const auto& text = *reinterpret_cast<const TextWindow*>(self);
         if (message == WM_NCCALCSIZE) {
@@ -160,10 +161,13 @@ class DateWindow final : public ControlWindow {
         return 0;
     }
     bool TakeEscape() override {
-        const auto calendar = reinterpret_cast<HWND>(Send(DTM_GETMONTHCAL));
-        if (!calendar || !IsWindowVisible(calendar)) return false;
+        if (!CalendarIsOpen()) return false;
         Send(DTM_CLOSEMONTHCAL);
         return true;
+    }
+    /// The open calendar has the keyboard, and would close without it.
+    void TakeFocus(bool byTab, bool backwards) override {
+        if (!CalendarIsOpen()) ControlWindow::TakeFocus(byTab, backwards);
     }
     /// A field with room for another digit is taken when the keyboard is gone; the form hands it on.
     void FinishTyping() override {
@@ -172,6 +176,10 @@ class DateWindow final : public ControlWindow {
 
  private:
     DatePicker& Picker() const { return static_cast<DatePicker&>(control()); }
+    bool CalendarIsOpen() const {
+        const auto calendar = reinterpret_cast<HWND>(Send(DTM_GETMONTHCAL));
+        return calendar && IsWindowVisible(calendar);
+    }
 
     void Show(Change what) override {
         if (what == Change::Range) {

@@ -72,6 +72,44 @@ TEST(Keyboard, UpAndDownMoveAPartOfTheDay) {
     });
 }
 
+HWND OpenCalendar(const Screen& screen, std::string_view picker) {
+    const HWND window = screen.WindowOf(picker);
+    RECT area{};
+    GetClientRect(window, &area);
+    const LPARAM arrow = MAKELPARAM(area.right - 5, area.bottom / 2);
+    SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, arrow);
+    SendMessageW(window, WM_LBUTTONUP, 0, arrow);
+    return reinterpret_cast<HWND>(SendMessageW(window, DTM_GETMONTHCAL, 0, 0));
+}
+
+TEST(Keyboard, ACalendarThatOpensKeepsTheKeyboard) {
+    SchemeUser user("Rpt10522");
+    user.Show([](Person& person) {
+        person.Focus("txtItem(0)");
+        const HWND calendar = OpenCalendar(Screen(person.form()), "DtpBDate");
+        SetFocus(calendar);  // as some versions of the system do
+        NativePlay::Settle();
+        EXPECT_EQ(person.FocusedControl(), "DtpBDate");
+        EXPECT_EQ(GetFocus(), calendar);
+        EXPECT_TRUE(IsWindowVisible(calendar));
+    });
+}
+
+TEST(Keyboard, ControlAInABoxSelectsAllAndControlBackspaceTypesNothing) {
+    constexpr WPARAM kControlA = 1, kControlBackspace = 127;
+    SchemeUser user("Rpt10522");
+    user.Show([](Person& person) {
+        person.Text("txtItem(0)", "01.02");
+        const HWND box = Screen(person.form()).WindowOf("txtItem(0)");
+        SendMessageW(box, WM_CHAR, kControlBackspace, 1);
+        EXPECT_EQ(person.Reads("txtItem(0)"), "01.02");
+        SendMessageW(box, WM_CHAR, kControlA, 1);
+        EXPECT_EQ(SendMessageW(box, EM_GETSEL, 0, 0), MAKELRESULT(0, 5));
+        person.Type("txtItem(0)", "7");
+        EXPECT_EQ(person.Reads("txtItem(0)"), "7");
+    });
+}
+
 bool IsOpen(const Screen& screen, std::string_view list) {
     return SendMessageW(screen.WindowOf(list), CB_GETDROPPEDSTATE, 0, 0) != 0;
 }
