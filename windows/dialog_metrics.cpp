@@ -13,6 +13,14 @@ Function UserFunction(const char* name) {
 
 using DotsOfWindow = UINT(WINAPI*)(HWND);
 using AdjustForDots = BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT);
+using ThreadContext = void*(WINAPI*)();
+using SetThreadContext = void*(WINAPI*)(void* context);
+
+/// Answers the context that the thread had; null where there is none to have.
+void* SwitchThread(void* context) {
+    static const auto set = UserFunction<SetThreadContext>("SetThreadDpiAwarenessContext");
+    return set && context ? set(context) : nullptr;
+}
 
 HFONT MakeFont(int dotsPerInch) {
     return CreateFontW(-MulDiv(9, dotsPerInch, 72), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, GB2312_CHARSET,
@@ -21,6 +29,15 @@ HFONT MakeFont(int dotsPerInch) {
 }
 
 }  // namespace
+
+ThreadScale ThreadScale::Current() {
+    static const auto context = UserFunction<ThreadContext>("GetThreadDpiAwarenessContext");
+    return ThreadScale(context ? context() : nullptr);
+}
+
+ThreadScale::Taken::Taken(ThreadScale scale) : before_(SwitchThread(scale.context_)) {}
+
+ThreadScale::Taken::~Taken() { SwitchThread(before_); }
 
 int DialogMetrics::DotsPerInchOf(HWND window) {
     static const auto dotsOfWindow = UserFunction<DotsOfWindow>("GetDpiForWindow");

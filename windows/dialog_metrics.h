@@ -7,6 +7,29 @@
 
 namespace qor::windows {
 
+/// How a thread sees the dots of a monitor: as they are, or as the system pretends for programs that do not
+/// ask.
+class ThreadScale {
+ public:
+    static ThreadScale Current();
+
+    /// Lends it to the thread that it is made on.
+    class Taken {
+     public:
+        explicit Taken(ThreadScale scale);
+        Taken(const Taken&) = delete;
+        Taken& operator=(const Taken&) = delete;
+        ~Taken();
+
+     private:
+        void* before_;
+    };
+
+ private:
+    explicit ThreadScale(void* context) : context_(context) {}
+    void* context_;  // null where the system knows one scale alone
+};
+
 class DialogMetrics {
  public:
     /// For the monitor that a window stands on.

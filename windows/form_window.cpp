@@ -151,7 +151,16 @@ void FormWindow::Guarded(const std::function<void()>& step) {
     }
 }
 
-void FormWindow::Run() {
+void FormWindow::ShowIdle() {
+    SetWindowLongPtrW(handle(), GWL_EXSTYLE, GetWindowLongPtrW(handle(), GWL_EXSTYLE) | WS_EX_NOACTIVATE);
+    SetWindowPos(handle(), HWND_TOP, 0, 0, 0, 0,
+                 SWP_SHOWWINDOW | SWP_NOACTIVATE | SWP_NOOWNERZORDER | SWP_NOMOVE | SWP_NOSIZE);
+    SendMessageW(handle(), WM_NCACTIVATE, TRUE, 0);  // it looks like the window in front, as it is
+    UpdateWindow(handle());
+}
+
+void FormWindow::Run(bool wasActivated) {
+    wasActivated_ = wasActivated;
     ShowWindow(handle(), SW_SHOW);
     UpdateWindow(handle());
     PostMessageW(handle(), kActivated, 0, 0);
@@ -271,7 +280,7 @@ FormWindow* FormWindow::Of(HWND window) {
 
 void FormWindow::ComeUp() {
     activating_ = true;
-    Guarded([this] { form_.Activate(); });
+    if (!wasActivated_) Guarded([this] { form_.Activate(); });
     activating_ = false;
     Guarded([this] { form_.TakeFirstFocus(); });
     for (const auto& drawn : controls_) {

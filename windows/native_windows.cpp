@@ -1,31 +1,20 @@
 #include "windows/native_windows.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "windows/form_window.h"
+#include "windows/host_windows.h"
+#include "windows/working_window.h"
 
 namespace qor::windows {
 
 namespace {
 
-BOOL CALLBACK AddIfUsable(HWND window, LPARAM list) {
-    if (IsWindowVisible(window) && IsWindowEnabled(window)) {
-        reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-    }
-    return TRUE;
-}
-
-/// The host's windows on this thread that a user could go on with.
-std::vector<HWND> UsableWindows() {
-    std::vector<HWND> windows;
-    EnumThreadWindows(GetCurrentThreadId(), &AddIfUsable, reinterpret_cast<LPARAM>(&windows));
-    return windows;
-}
-
 /// Keeps the host's windows from being used while a modal one stands over them.
 class DisabledWindows {
  public:
-    DisabledWindows() : windows_(UsableWindows()) {
+    DisabledWindows() : windows_(UsableWindows(GetCurrentThreadId())) {
         for (HWND window : windows_) {
             EnableWindow(window, FALSE);
         }
@@ -44,13 +33,13 @@ class DisabledWindows {
     std::vector<HWND> windows_;
 };
 
-/// A window's stay on the stack of those shown.
-class Shown {
+/// A form's stay on the stack of those shown.
+class Stay {
  public:
-    Shown(std::vector<FormWindow*>& stack, FormWindow& window) : stack_(stack) { stack_.push_back(&window); }
-    Shown(const Shown&) = delete;
-    Shown& operator=(const Shown&) = delete;
-    ~Shown() { stack_.pop_back(); }
+    Stay(std::vector<FormWindow*>& stack, FormWindow* window) : stack_(stack) { stack_.push_back(window); }
+    Stay(const Stay&) = delete;
+    Stay& operator=(const Stay&) = delete;
+    ~Stay() { stack_.pop_back(); }
 
  private:
     std::vector<FormWindow*>& stack_;
@@ -59,20 +48,36 @@ class Shown {
 }  // namespace
 
 HWND NativeWindows::Owner() const {
-    if (!shown_.empty()) return shown_.back()->handle();
-    if (const HWND active = GetActiveWindow()) return active;
-    const std::vector<HWND> usable = UsableWindows();
-    return usable.empty() ? nullptr : usable.front();
+    const auto shown =
+        std::ranges::find_if(shown_.rbegin(), shown_.rend(), [](auto* window) { return window; });
+    return shown == shown_.rend() ? HostWindow(GetCurrentThreadId()) : (*shown)->handle();
 }
 
 void NativeWindows::RunModal(Form& form) {
     const Ref<Form> kept(&form);
+    if (form.WorksWhenActivated()) Work(form);
+    if (form.IsVisible()) Interact(form);
+}
+
+void NativeWindows::Work(Form& form) {
+    const bool underWork = IsAtWork();  // which keeps the host's windows from being used already
+    const Stay stay(shown_, nullptr);
+    WorkingWindow window(form, underWork ? std::vector<HWND>() : UsableWindows(GetCurrentThreadId()));
+    try {
+        form.Activate();
+    } catch (...) {
+        form.Hide();
+        throw;
+    }
+}
+
+void NativeWindows::Interact(Form& form) {
     FormWindow window(*this, form, Owner());
     window.onShown = [this](FormWindow& shown) { FormShown(shown); };
     DisabledWindows disabled;
     {
-        const Shown shown(shown_, window);
-        window.Run();
+        const Stay stay(shown_, &window);
+        window.Run(form.WorksWhenActivated());
     }
     disabled.Enable();  // before the window goes, so that its owner becomes active again
     window.Close();
@@ -87,8 +92,10 @@ std::int32_t NativeWindows::MessageBox(std::string_view text, std::string_view t
 }
 
 void NativeWindows::Pump() {
+    // While a form is at work, what a person does may not reach the host's windows below it. It waits.
+    constexpr UINT kAllButInput = PM_QS_PAINT | PM_QS_POSTMESSAGE | PM_QS_SENDMESSAGE;
     MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    while (PeekMessageW(&message, nullptr, 0, 0, IsAtWork() ? PM_REMOVE | kAllButInput : PM_REMOVE)) {
         if (message.message == WM_QUIT) {
             PostQuitMessage(static_cast<int>(message.wParam));
             return;
@@ -103,8 +110,8 @@ void NativeWindows::SetDefaultPointer() { SetCursor(LoadCursorW(nullptr, IDC_ARR
 
 std::int32_t NativeWindows::WindowHandle(const Control& control) {
     for (const FormWindow* window : shown_) {
-        if (const HWND handle = window->HandleOf(control))
-            return static_cast<std::int32_t>(HandleToLong(handle));
+        const HWND handle = window ? window->HandleOf(control) : nullptr;
+        if (handle) return static_cast<std::int32_t>(HandleToLong(handle));
     }
     return 0;
 }

@@ -30,4 +30,24 @@ inline std::string NameOfWindow(HWND window) {
     return Narrow({name, length});
 }
 
+/// The visible top-level window of this process that bears a name, whatever its thread; null for none.
+inline HWND FindShownWindow(std::string_view name) {
+    struct Search {
+        std::string_view name;
+        HWND found = nullptr;
+    } search{name};
+    EnumWindows(
+        [](HWND window, LPARAM wanted) -> BOOL {
+            auto& looking = *reinterpret_cast<Search*>(wanted);
+            DWORD process = 0;
+            GetWindowThreadProcessId(window, &process);
+            const bool fits = process == GetCurrentProcessId() && IsWindowVisible(window) &&
+                              NameOfWindow(window) == looking.name;
+            if (fits) looking.found = window;
+            return !fits;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
 }  // namespace qor::windows

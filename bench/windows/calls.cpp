@@ -71,8 +71,8 @@ class CallTable {
         for (const bool named : {false, true}) {
             ours(true);
             bare(true);
-            const double through = Nanoseconds(kTimes, [&] { ours(named); });
-            const double beside = Nanoseconds(kTimes, [&] { bare(named); });
+            const double through = BestNanoseconds(kTimes, [&] { ours(named); });
+            const double beside = BestNanoseconds(kTimes, [&] { bare(named); });
             std::printf(" %.0f ns | %.1f ns | %.1f |", through, beside, through / beside);
         }
         std::printf("\n");

@@ -42,23 +42,31 @@ struct Call {
 
 inline Variant Read(IDispatch* object, const wchar_t* name) { return Call{object, name}.Find()(); }
 
+/// Nanoseconds that a step takes.
+template <class Step>
+double Nanoseconds(Step&& step) {
+    LARGE_INTEGER frequency, begin, end;
+    QueryPerformanceFrequency(&frequency);
+    QueryPerformanceCounter(&begin);
+    step();
+    QueryPerformanceCounter(&end);
+    return static_cast<double>(end.QuadPart - begin.QuadPart) * 1e9 / static_cast<double>(frequency.QuadPart);
+}
+
 /// Nanoseconds of one `step`: the best of a hundred rounds of that many, so that other work on the machine
 /// counts little.
 template <class Step>
-double Nanoseconds(int times, Step&& step) {
-    LARGE_INTEGER frequency, begin, end;
-    QueryPerformanceFrequency(&frequency);
-    LONGLONG best = 0;
+double BestNanoseconds(int times, Step&& step) {
+    double best = 0;
     for (int round = 0; round < 100; ++round) {
-        QueryPerformanceCounter(&begin);
-        for (int i = 0; i < times; ++i) {
-            step();
-        }
-        QueryPerformanceCounter(&end);
-        const LONGLONG took = end.QuadPart - begin.QuadPart;
+        const double took = Nanoseconds([&] {
+            for (int i = 0; i < times; ++i) {
+                step();
+            }
+        });
         best = round == 0 ? took : std::min(best, took);
     }
-    return static_cast<double>(best) * 1e9 / static_cast<double>(frequency.QuadPart) / times;
+    return best / times;
 }
 
 /// An object of the registered component; ends the program where there is none.

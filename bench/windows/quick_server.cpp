@@ -7,6 +7,8 @@ namespace qor::bench {
 
 namespace {
 
+DWORD delay = 0;  // of a data call, milliseconds
+
 class QuickServer final : public Object {
  public:
     explicit QuickServer(Ref<RecordSet> rows) : rows_(std::move(rows)) {}
@@ -17,6 +19,7 @@ class QuickServer final : public Object {
     Value Invoke(MemberId member, InvokeKind, Arguments) override {
         switch (member) {
             case 1:
+                if (delay) Sleep(delay);
                 return rows_;
             case 2:
                 return true;
@@ -52,6 +55,8 @@ Ref<Object> MakeQuickServer() {
     static const Ref<RecordSet> rows = OneRow();
     return MakeRef<QuickServer>(rows);
 }
+
+void SetServerDelay(unsigned milliseconds) { delay = milliseconds; }
 
 Ref<Dictionary> QuickFilter() {
     auto filter = MakeRef<OrderedDictionary>();

@@ -8,6 +8,9 @@ namespace qor::bench {
 /// Answers a data set of one row, lets every check pass, and has no profile.
 Ref<Object> MakeQuickServer();
 
+/// Milliseconds that each data call of it lasts from here on.
+void SetServerDelay(unsigned milliseconds);
+
 /// The filter of a run that it answers.
 Ref<Dictionary> QuickFilter();
 

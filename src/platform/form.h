@@ -67,6 +67,8 @@ class Form : public TableObject {
     void SendTab() { tabPending_ = true; }
 
     // For window systems: what happens to the form from outside.
+    /// Whether the form does its whole work while it is activated, with nothing in it for the user to do.
+    virtual bool WorksWhenActivated() const { return false; }
     void Load();
     void Activate();
     void TakeFirstFocus();

@@ -1,5 +1,5 @@
 // frmProgBar: the small modal window inside whose activation a report fetches. It obeys the events of its
-// clsPass and lets waiting window messages run after each, the only moments at which it is repainted.
+// clsPass and lets waiting window messages run after each.
 #pragma once
 
 #include "platform/form.h"
@@ -14,6 +14,7 @@ class frmProgBar final : public Form, private ClsPassEvents {
     ~frmProgBar() override;
 
     void SetPass(Ref<clsPass> pass);
+    bool WorksWhenActivated() const override { return true; }
 
     Animation Animation1{*this, "Animation1", {1620, 90, 3150, 600}};
     Label lblMsg{*this, "lblMsg", "", {180, 120, 6000, 330}};

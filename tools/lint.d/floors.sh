@@ -16,7 +16,7 @@ frames    frames/         platform services process
 embedded  embedded/       platform services process frames
 viewer    viewer/         platform services process tables library frames embedded
 support   tests/
-pictures  windows/pictures/  platform progress library handles support
+pictures  windows/pictures/  platform progress library handles drawn support
 types     windows/types/     platform progress library
 handles   windows/(handles|com_ptr|instance|module|prelude)[.]  types
 border    windows/(bridge|class_factory|class_registration|com_object|dispatch_object|enumerator|errors|event_source|foreign_object|list_enumerator|member_ids|name_index|outward_objects|type_library|variants)[.]  platform progress types handles

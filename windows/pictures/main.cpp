@@ -12,6 +12,7 @@
 #include "support/report_host.h"
 #include "windows/native/screen.h"
 #include "windows/pictures/window_picture.h"
+#include "windows/window_names.h"
 
 namespace qor::windows {
 
@@ -62,7 +63,11 @@ class Photographer {
         void Active() override {
             bar.SetMsg("正在从服务器读取数据，请稍候...");
             bar.SetBarValue(40);
-            owner.Take("frmProgBar");
+            HWND shown = nullptr;  // by a thread of its own
+            while (!(shown = FindShownWindow("frmProgBar"))) {
+                Sleep(10);
+            }
+            owner.Take("frmProgBar", shown);
             bar.Unload();
         }
     };
@@ -95,14 +100,14 @@ class Photographer {
         Take(name + "-common");
     }
 
-    /// The window that is in front.
-    void Take(const std::string& name) {
+    /// A window, by default the one that is in front.
+    void Take(const std::string& name, HWND window = nullptr) {
         // What was drawn reaches the screen a moment later.
         constexpr DWORD kMoment = 100;
         for (const DWORD start = GetTickCount(); GetTickCount() - start < kMoment; Sleep(kMoment / 10)) {
             NativePlay::Settle();
         }
-        TakePicture(GetActiveWindow(), folder_ / (name + ".png"));
+        TakePicture(window ? window : GetActiveWindow(), folder_ / (name + ".png"));
     }
 
     std::filesystem::path folder_;

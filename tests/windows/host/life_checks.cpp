@@ -7,6 +7,7 @@
 #include "tests/windows/host/host_checks.h"
 #include "windows/class_factory.h"
 #include "windows/types/class_ids.h"
+#include "windows/window_names.h"
 
 namespace qor::host {
 
@@ -94,18 +95,22 @@ class SilentServer final : public Object {
     Value Invoke(MemberId, InvokeKind, Arguments) override { return {}; }
 };
 
-/// From here on this process's creations of server components get silent ones.
+/// From here on this process's creations of a server component get a `Server`.
+template <class Server>
+void Serve(const wchar_t* name) {
+    CLSID id;
+    ComPtr<IClassFactory> factory;
+    DWORD cookie = 0;
+    Expect(SUCCEEDED(CLSIDFromProgID(name, &id)), "a server is not registered");
+    windows::AnswerFactory([]() -> Ref<Object> { return MakeRef<Server>(); }, IID_IClassFactory,
+                           reinterpret_cast<void**>(&factory));
+    CoRegisterClassObject(id, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie);
+}
+
 void ServeSilently() {
-    for (const wchar_t* name :
-         {L"QOREBSBase.SystemProfile", L"QORMtsCacheService.CacheFacade", L"QORPropsMgr.ShareProps"}) {
-        CLSID id;
-        ComPtr<IClassFactory> factory;
-        DWORD cookie = 0;
-        Expect(SUCCEEDED(CLSIDFromProgID(name, &id)), "a server is not registered");
-        windows::AnswerFactory([]() -> Ref<Object> { return MakeRef<SilentServer>(); }, IID_IClassFactory,
-                               reinterpret_cast<void**>(&factory));
-        CoRegisterClassObject(id, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie);
-    }
+    Serve<SilentServer>(L"QOREBSBase.SystemProfile");
+    Serve<SilentServer>(L"QORMtsCacheService.CacheFacade");
+    Serve<SilentServer>(L"QORPropsMgr.ShareProps");
 }
 
 void TenThousandCreationsLeaveMemoryFlat() {
@@ -126,6 +131,40 @@ void TheLibraryGoesWhenNobodyUsesIt() {
     CoFreeUnusedLibrariesEx(0, 0);
     Expect(!GetModuleHandleW(L"QORArApRpt.dll"), "the library stays");
     CreateObject("QORArApRpt.Rpt10530")->Call("GetReportData");  // and comes again
+}
+
+bool ProgressIsSeen() { return windows::FindShownWindow("frmProgBar"); }
+
+/// A server that answers when the user sees that it is waited for.
+class SlowServer final : public Object {
+ public:
+    static inline bool seen = false;
+
+    std::string_view ClassName() const override { return "Server"; }
+    MemberId FindMember(std::string_view) override { return 0; }
+    Value Invoke(MemberId, InvokeKind, Arguments) override {
+        for (int i = 0; i < 500 && !(seen = ProgressIsSeen()); ++i) {
+            Sleep(10);
+        }
+        return {};
+    }
+};
+
+void TheLibraryGoesAfterARunThatWasSeen() {
+    ServeSilently();
+    Serve<SlowServer>(L"QOREBCGLView.GLData");
+    {
+        const Ref<Object> report = CreateObject("QORArApRpt.Rpt10522");
+        report->Put("Filter", Ref<Dictionary>(MakeRef<OrderedDictionary>()));
+        report->Call("GetReportData");
+    }
+    Expect(SlowServer::seen, "the progress window did not come up");
+    Expect(!ProgressIsSeen(), "the progress window stays");
+    Expect(CanUnload(), "the component is still held");
+    CoFreeUnusedLibrariesEx(0, 0);
+    CoFreeUnusedLibrariesEx(0, 0);
+    Expect(!GetModuleHandleW(L"QORArApRpt.dll"), "the library stays");
+    Sleep(200);  // nothing of it is left that could still run
 }
 
 void ALockKeepsTheLibrary() {
@@ -192,6 +231,7 @@ constexpr HostCheck kChecks[] = {
     {"OneOfOursComesHomeAsItself", OneOfOursComesHomeAsItself},
     {"TenThousandCreationsLeaveMemoryFlat", TenThousandCreationsLeaveMemoryFlat},
     {"TheLibraryGoesWhenNobodyUsesIt", TheLibraryGoesWhenNobodyUsesIt},
+    {"TheLibraryGoesAfterARunThatWasSeen", TheLibraryGoesAfterARunThatWasSeen},
     {"ALockKeepsTheLibrary", ALockKeepsTheLibrary},
     {"ReportsLiveOnOneThread", ReportsLiveOnOneThread},
     {"AnObjectIsCalledOnItsThreadAlone", AnObjectIsCalledOnItsThreadAlone},

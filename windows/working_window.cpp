@@ -1,0 +1,233 @@
+#include "windows/working_window.h"
+
+#include <memory>
+#include <utility>
+
+#include "windows/form_window.h"
+#include "windows/host_windows.h"
+#include "windows/native_windows.h"
+
+namespace qor::windows {
+
+namespace {
+
+constexpr UINT kRedraw = WM_APP + 3;  // the picture has changed, or the work has ended
+
+/// What a person did while the window stood there.
+void DiscardInput() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_INPUT)) {
+    }
+}
+
+bool IsDrawn(const Control& control) {
+    return control.kind() == Control::Kind::Label || control.kind() == Control::Kind::Progress;
+}
+
+}  // namespace
+
+/// The form once more, for the thread that draws it: models know one thread alone.
+class WorkingWindow::Copy final : public Form {
+ public:
+    Copy(WindowSystem& windows, const Picture& picture) : Form(windows, picture.name, picture.size) {
+        for (const Part& part : picture.parts) {
+            if (part.kind == Control::Kind::Label) {
+                labels_.push_back(std::make_unique<Label>(*this, part.name, part.caption, part.place));
+            } else {
+                bars_.push_back(std::make_unique<ProgressBar>(*this, part.name, part.place));
+            }
+        }
+        Take(picture);
+    }
+
+    void Take(const Picture& picture) {
+        if (caption() != picture.caption) SetCaption(picture.caption);
+        auto label = labels_.begin();
+        auto bar = bars_.begin();
+        for (const Part& part : picture.parts) {
+            part.kind == Control::Kind::Label ? Take(part, **label++) : Take(part, **bar++);
+        }
+    }
+
+ private:
+    static void Take(const Part& part, Label& label) {
+        if (label.caption() != part.caption) label.SetCaption(part.caption);
+        if (label.visible() != part.shown) label.SetVisible(part.shown);
+    }
+    static void Take(const Part& part, ProgressBar& bar) {
+        if (bar.min() != part.min) bar.SetMin(part.min);
+        if (bar.max() != part.max) bar.SetMax(part.max);
+        const bool fits = part.min <= part.value && part.value <= part.max;
+        if (fits && bar.value() != part.value) bar.SetValue(part.value);
+        if (bar.visible() != part.shown) bar.SetVisible(part.shown);
+    }
+
+    std::vector<std::unique_ptr<Label>> labels_;
+    std::vector<std::unique_ptr<ProgressBar>> bars_;
+};
+
+WorkingWindow::WorkingWindow(Form& form, std::vector<HWND> host)
+    : form_(form),
+      host_(std::move(host)),
+      timer_(CreateThreadpoolTimer(&WorkingWindow::ComeUp, this, nullptr)),
+      picture_(Of(form)) {
+    form_.SetView(this);
+    if (!timer_) return;  // a system that is short of threads shows no window
+    LARGE_INTEGER due;
+    due.QuadPart = -LONGLONG{kUnseen} * 10'000;  // from now, in units of 100 nanoseconds
+    FILETIME when{due.LowPart, static_cast<DWORD>(due.HighPart)};
+    SetThreadpoolTimer(timer_, &when, 0, 0);
+}
+
+WorkingWindow::~WorkingWindow() {
+    form_.SetView(nullptr);
+    if (!timer_) return;
+    SetThreadpoolTimer(timer_, nullptr, 0, 0);
+    WaitUntilGone();
+    WaitForThreadpoolTimerCallbacks(timer_, TRUE);
+    CloseThreadpoolTimer(timer_);
+    if (gone_) CloseHandle(gone_);
+}
+
+WorkingWindow::Picture WorkingWindow::Of(const Form& form) {
+    Picture picture{std::string(form.ClassName()), form.caption(), form.size(), {}};
+    for (const Control* control : form.controls()) {
+        if (!IsDrawn(*control)) continue;
+        Part part{control->kind(), control->name(), {}, PlaceInForm(*control), control->IsShown(), 0, 0, 0};
+        if (part.kind == Control::Kind::Label) {
+            part.caption = static_cast<const Label*>(control)->caption();
+        } else {
+            const auto& bar = static_cast<const ProgressBar&>(*control);
+            part.min = bar.min(), part.max = bar.max(), part.value = bar.value();
+        }
+        picture.parts.push_back(std::move(part));
+    }
+    return picture;
+}
+
+void WorkingWindow::Redraw() {
+    Picture picture = Of(form_);
+    const std::lock_guard lock(mutex_);
+    picture_ = std::move(picture);
+    if (window_) PostMessageW(window_, kRedraw, 0, 0);
+}
+
+void WorkingWindow::WaitUntilGone() {
+    HANDLE gone = nullptr;
+    {
+        const std::lock_guard lock(mutex_);
+        ended_ = true;
+        gone = gone_;
+        if (window_) PostMessageW(window_, kRedraw, 0, 0);
+    }
+    if (!gone) return;
+    DiscardInput();
+    // A window that goes may have the system tell its owner, which is a window of this thread.
+    while (MsgWaitForMultipleObjects(1, &gone, FALSE, INFINITE, QS_SENDMESSAGE) == WAIT_OBJECT_0 + 1) {
+        MSG message;
+        PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+    }
+}
+
+/// The window while it can be told of changes.
+class WorkingWindow::Published {
+ public:
+    Published(WorkingWindow& working, Copy& copy, HWND window) : working_(working), window_(window) {
+        working_.copy_ = &copy;
+        SetWindowSubclass(window_, &WorkingWindow::Procedure, 1, reinterpret_cast<DWORD_PTR>(&working_));
+        Tell(window_);
+    }
+    Published(const Published&) = delete;
+    Published& operator=(const Published&) = delete;
+    ~Published() {
+        Tell(nullptr);
+        RemoveWindowSubclass(window_, &WorkingWindow::Procedure, 1);
+        working_.copy_ = nullptr;
+    }
+
+ private:
+    void Tell(HWND window) {
+        const std::lock_guard lock(working_.mutex_);
+        working_.window_ = window;
+    }
+
+    WorkingWindow& working_;
+    HWND window_;
+};
+
+void CALLBACK WorkingWindow::ComeUp(PTP_CALLBACK_INSTANCE instance, void* self, PTP_TIMER) {
+    CallbackMayRunLong(instance);
+    auto& working = *static_cast<WorkingWindow*>(self);
+    if (!working.Begin()) return;
+    try {
+        working.Live();
+    } catch (...) {
+        // Where the system has no window left, the work goes on unseen.
+    }
+    SetEvent(working.gone_);
+}
+
+bool WorkingWindow::Begin() {
+    const std::lock_guard lock(mutex_);
+    if (!ended_) gone_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    return gone_;
+}
+
+void WorkingWindow::Live() {
+    const std::optional<Picture> first = Current();
+    if (!first) return;
+    const ThreadScale::Taken scale(scale_);
+    const InputGuard guard(thread_, host_);
+    NativeWindows system;
+    Copy copy(system, *first);
+    FormWindow drawn(system, copy, HostWindow(thread_));
+    const Published published(*this, copy, drawn.handle());
+    TakeOver();  // what has changed while it was made
+    if (copy_) drawn.ShowIdle();
+    MSG message;
+    while (copy_ && GetMessageW(&message, nullptr, 0, 0) > 0) {
+        DispatchMessageW(&message);
+    }
+}
+
+std::optional<WorkingWindow::Picture> WorkingWindow::Current() const {
+    const std::lock_guard lock(mutex_);
+    return ended_ ? std::nullopt : std::optional(picture_);
+}
+
+void WorkingWindow::TakeOver() {
+    const std::optional<Picture> picture = Current();
+    if (picture) {
+        copy_->Take(*picture);
+    } else {
+        copy_ = nullptr;
+    }
+}
+
+void WorkingWindow::Redrawn() {
+    try {
+        if (copy_) TakeOver();
+    } catch (...) {
+        copy_ = nullptr;  // no exception may pass a window procedure
+    }
+}
+
+LRESULT CALLBACK WorkingWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                          DWORD_PTR self) {
+    auto& working = *reinterpret_cast<WorkingWindow*>(self);
+    switch (message) {
+        case kRedraw:
+            working.Redrawn();
+            return 0;
+        // The work cannot be cancelled.
+        case WM_NCHITTEST:
+            return HTCLIENT;
+        case WM_SYSCOMMAND:
+        case WM_CLOSE:
+            return 0;
+        default:
+            return DefSubclassProc(window, message, wParam, lParam);
+    }
+}
+
+}  // namespace qor::windows
