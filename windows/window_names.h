@@ -30,23 +30,26 @@ inline std::string NameOfWindow(HWND window) {
     return Narrow({name, length});
 }
 
-/// The visible top-level window of this process that bears a name, whatever its thread; null for none.
+/// A search for the visible top-level window of this process that bears a name.
+struct NamedWindowSearch {
+    std::string_view name;
+    HWND found = nullptr;
+
+    static BOOL CALLBACK Look(HWND window, LPARAM search) {
+        auto& self = *reinterpret_cast<NamedWindowSearch*>(search);
+        DWORD process = 0;
+        GetWindowThreadProcessId(window, &process);
+        const bool fits =
+            process == GetCurrentProcessId() && IsWindowVisible(window) && NameOfWindow(window) == self.name;
+        if (fits) self.found = window;
+        return !fits;
+    }
+};
+
+/// That window, whatever its thread; null for none.
 inline HWND FindShownWindow(std::string_view name) {
-    struct Search {
-        std::string_view name;
-        HWND found = nullptr;
-    } search{name};
-    EnumWindows(
-        [](HWND window, LPARAM wanted) -> BOOL {
-            auto& looking = *reinterpret_cast<Search*>(wanted);
-            DWORD process = 0;
-            GetWindowThreadProcessId(window, &process);
-            const bool fits = process == GetCurrentProcessId() && IsWindowVisible(window) &&
-                              NameOfWindow(window) == looking.name;
-            if (fits) looking.found = window;
-            return !fits;
-        },
-        reinterpret_cast<LPARAM>(&search));
+    NamedWindowSearch search{name};
+    EnumWindows(&NamedWindowSearch::Look, reinterpret_cast<LPARAM>(&search));
     return search.found;
 }
 
