@@ -238,7 +238,9 @@ void FormWindow::ShowFocus() {
 
 void FormWindow::TakeNativeFocus(HWND window) {
     ControlWindow* drawn = Find(window);
-    if (!drawn || form_.focus() == &drawn->control() || !form_.IsVisible()) return;
+    if (!drawn || !form_.IsVisible()) return;
+    drawn->FocusArrived(window);
+    if (form_.focus() == &drawn->control()) return;
     Guarded([&] {
         if (drawn->control().CanHaveFocus() && form_.MoveFocus(drawn->control())) return;
         FocusMoved();  // back to where it is

@@ -66,6 +66,7 @@ class FrameBar final : public ControlWindow {
     std::vector<HWND> FocusWindows() const override { return stops_; }
     void Command(HWND from, WORD notification) override;
     void TakeFocus(bool byTab, bool backwards) override;
+    void FocusArrived(HWND window) override { last_ = window; }
     bool TakeTab(bool backwards) override;
     bool TakeEscape() override { return CloseList(); }
     bool TakeEnter() override;
@@ -107,6 +108,7 @@ class FrameBar final : public ControlWindow {
     HWND label_;
     std::vector<Part> parts_;
     std::vector<HWND> stops_;  // of the Tab key, in its order
+    HWND last_ = nullptr;      // the stop that had the keyboard last
     std::vector<std::string> shownNames_;
 };
 
@@ -180,8 +182,12 @@ void FrameBar::Command(HWND from, WORD notification) {
 }
 
 void FrameBar::TakeFocus(bool byTab, bool backwards) {
-    if (!byTab && Holds(GetFocus())) return;
-    SetFocus(!byTab ? handle() : backwards ? stops_.back() : stops_.front());
+    if (byTab) {
+        SetFocus(backwards ? stops_.back() : stops_.front());
+    } else if (!Holds(GetFocus())) {
+        // Behind a question, the user is where he was, if that can still be pressed.
+        SetFocus(last_ && IsWindowEnabled(last_) ? last_ : handle());
+    }
 }
 
 bool FrameBar::TakeTab(bool backwards) {

@@ -30,6 +30,19 @@ TEST(FrameBar, SavesUnderTheNameThatTheUserTypes) {
     EXPECT_TRUE(user.host.schemes.Find(10503, "本月").has_value());
 }
 
+TEST(FrameBar, ThePersonIsStillAtTheButtonBehindItsQuestion) {
+    SchemeUser user("Rpt10522");
+    user.host.schemes.Save(10522, "甲", {});
+    user.Show([&](Person& person) {
+        Screen screen(person.form());
+        screen.InNextForm(user.host, [](Person& asked) { asked.Key("txtName", VK_ESCAPE); });
+        screen.Press("另存(&A)");
+        EXPECT_EQ(screen.Focused(), "另存(&A)");
+        screen.Press("删除(&D)");
+        EXPECT_EQ(screen.Focused(), "QORRptFilter1") << "there is nothing left to delete";
+    });
+}
+
 TEST(FrameBar, LoadsTheSchemeThatIsPicked) {
     SchemeUser user("Rpt10503");
     user.host.schemes.Save(10503, "甲", {{"BCustNumber", "01"}});
