@@ -24,6 +24,18 @@ void LoadCommonControls() {
     InitCommonControlsEx(&controls);
 }
 
+MONITORINFO MonitorOf(HWND window) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    return monitor;
+}
+
+/// Where something of that length begins that is to begin at `wanted` and to lie in a range.
+LONG Within(LONG wanted, LONG length, LONG from, LONG to) {
+    return std::max(from, std::min(wanted, to - length));
+}
+
 }  // namespace
 
 FormWindow::FormWindow(WindowSystem& windows, Form& form, HWND owner)
@@ -73,24 +85,20 @@ SIZE FormWindow::OuterSize() const {
 
 /// Centred over the owner, or on the screen where there is none, and wholly on its monitor.
 void FormWindow::PlaceOver(HWND owner) {
-    const HMONITOR monitor = MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY);
-    MONITORINFO screen{};
-    screen.cbSize = sizeof screen;
-    GetMonitorInfoW(monitor, &screen);
+    const MONITORINFO screen = MonitorOf(owner);
     RECT area{};
     if (!owner || IsIconic(owner) || !GetWindowRect(owner, &area)) area = screen.rcWork;
-    // The window has to be on the monitor before its resolution can be asked.
-    SetWindowPos(handle(), nullptr, area.left, area.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    // The window has to be on the monitor before its resolution can be asked. The corner of the owner may be
+    // on another one: that of a maximised window is.
+    SetWindowPos(handle(), nullptr, screen.rcWork.left, screen.rcWork.top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     metrics_.SetDotsPerInch(DialogMetrics::DotsPerInchOf(handle()));
 
     const SIZE size = OuterSize();
-    const auto within = [](LONG wanted, LONG length, LONG from, LONG to) {
-        return std::max(from, std::min(wanted, to - length));
-    };
     SetWindowPos(handle(), nullptr,
-                 within(area.left + (area.right - area.left - size.cx) / 2, size.cx, screen.rcWork.left,
+                 Within(area.left + (area.right - area.left - size.cx) / 2, size.cx, screen.rcWork.left,
                         screen.rcWork.right),
-                 within(area.top + (area.bottom - area.top - size.cy) / 2, size.cy, screen.rcWork.top,
+                 Within(area.top + (area.bottom - area.top - size.cy) / 2, size.cy, screen.rcWork.top,
                         screen.rcWork.bottom),
                  size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
     FitClientArea();
@@ -212,6 +220,13 @@ void FormWindow::SizeChanged() {
     const SIZE size = OuterSize();
     SetWindowPos(handle(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     FitClientArea();
+    // A form that has grown keeps its buttons on the monitor.
+    RECT frame{};
+    GetWindowRect(handle(), &frame);
+    const RECT screen = MonitorOf(handle()).rcWork;
+    SetWindowPos(handle(), nullptr, frame.left,
+                 Within(frame.top, frame.bottom - frame.top, screen.top, screen.bottom), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     for (const auto& drawn : controls_) {
         if (drawn->control().kind() != Control::Kind::Inert) continue;
         drawn->Update(Change::Items);
@@ -225,7 +240,7 @@ void FormWindow::FocusMoved() { PostMessageW(handle(), kShowFocus, 0, 0); }
 
 void FormWindow::Closed() {
     done_ = true;
-    PostMessageW(handle(), WM_NULL, 0, 0);
+    PostMessageW(handle(), WM_NULL, 0, 0);  // also without a window: the loop waits for something
 }
 
 void FormWindow::ShowFocus() {
@@ -306,6 +321,14 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_CLOSE:
             if (!activating_) Guarded([this] { form_.CancelByUser(); });
             return 0;
+        case WM_DESTROY:  // its owner went and takes it along
+            if (!done_) Guarded([this] { form_.CancelByUser(); });
+            break;
+        case WM_NCDESTROY: {
+            const HWND window = std::exchange(surface_.window, nullptr);
+            Closed();
+            return DefWindowProcW(window, message, wParam, lParam);
+        }
         case WM_ACTIVATE:
             if (LOWORD(wParam) != WA_INACTIVE) PostMessageW(handle(), kShowFocus, 0, 0);
             break;

@@ -26,6 +26,41 @@ TEST(FormWindow, StandsOverTheHostsWindowAndKeepsItFromBeingUsed) {
     DestroyWindow(host);
 }
 
+TEST(FormWindow, GoesWithTheHostsWindowAsIfItWereCancelled) {
+    for (const char* report : {"Rpt10522", "Rpt10503", "Rpt10530"}) {
+        const HWND host = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 400, 300,
+                                          nullptr, nullptr, nullptr, nullptr);
+        SetActiveWindow(host);
+        SchemeUser user(report);
+        user.Show([&](Person& person) {
+            const HWND window = Screen(person.form()).window();
+            DestroyWindow(host);
+            EXPECT_FALSE(IsWindow(window));
+            EXPECT_FALSE(person.form().IsVisible());
+        });
+        EXPECT_EQ(user.ResultValue("OK"), Value(false));
+        user.Show([](Person& person) { EXPECT_TRUE(IsWindowVisible(Screen(person.form()).window())); });
+    }
+}
+
+TEST(FormWindow, StaysOnItsMonitorWhenItGrows) {
+    SchemeUser user("Rpt10503");
+    user.Show([](Person& person) {
+        Screen screen(person.form());
+        screen.Press("常用条件(&H)");
+        RECT work{}, small{}, grown{};
+        SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+        GetWindowRect(screen.window(), &small);
+        const int top = static_cast<int>(work.bottom - (small.bottom - small.top));
+        SetWindowPos(screen.window(), nullptr, 10, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        screen.Press("全部条件(&H)");
+        GetWindowRect(screen.window(), &grown);
+        EXPECT_EQ(grown.bottom, work.bottom);
+        EXPECT_LT(grown.top, top);
+        EXPECT_EQ(grown.left, 10);
+    });
+}
+
 TEST(FormWindow, TheCloseBoxCancels) {
     for (const char* report : {"Rpt10522", "Rpt10503"}) {
         SchemeUser user(report);
