@@ -1,6 +1,6 @@
 # The dialogs on their own, without the component around them, and the programs that show them: one takes the
 # pictures of docs/pictures, the other drives every dialog by window messages.
-set(dialog_sources control_window.cpp dialog_metrics.cpp drop_down.cpp form_keys.cpp form_window.cpp frame_bar.cpp grid_cells.cpp
+set(dialog_sources cell_editor.cpp control_window.cpp dialog_metrics.cpp drop_down.cpp form_keys.cpp form_window.cpp frame_bar.cpp grid_cells.cpp
     grid_window.cpp handles.cpp host_windows.cpp named_schemes.cpp native_windows.cpp scheme_name_form.cpp simple_windows.cpp
     value_windows.cpp working_window.cpp)
 add_library(qor_native_dialogs STATIC ${dialog_sources})

@@ -257,6 +257,7 @@ void FormWindow::TakeNativeFocus(HWND window) {
     drawn->FocusArrived(window);
     if (form_.focus() == &drawn->control()) return;
     Guarded([&] {
+        if (ControlWindow* left = WindowOf(form_.focus())) left->FinishTyping();
         if (drawn->control().CanHaveFocus() && form_.MoveFocus(drawn->control())) return;
         FocusMoved();  // back to where it is
     });

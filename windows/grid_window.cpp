@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include "platform/user.h"
+#include "windows/cell_editor.h"
 #include "windows/grid_cells.h"
 #include "windows/instance.h"
 
@@ -14,23 +15,24 @@ constexpr wchar_t kClassName[] = L"QORArApRptGrid";
 // What the window tells its form, so that all that can fail happens there.
 constexpr WORD kRowChosen = 1, kCellEdited = 2;
 
-class GridWindow final : public ControlWindow {
+class GridWindow final : public ControlWindow, private CellEditor::Owner {
  public:
     GridWindow(Grid& grid, const FormSurface& surface);
     ~GridWindow() override { SetWindowLongPtrW(handle(), GWLP_USERDATA, 0); }
 
     void Command(HWND from, WORD notification) override;
-    bool Holds(HWND window) const override { return ControlWindow::Holds(window); }
     void TakeFocus(bool byTab, bool backwards) override {
-        if (GetFocus() != editor_) ControlWindow::TakeFocus(byTab, backwards);
+        if (!editor_.IsOpen()) return ControlWindow::TakeFocus(byTab, backwards);
+        if (!editor_.HasKeyboard()) editor_.TakeKeyboard();  // its program had gone to the back
     }
     bool TakeTab(bool backwards) override;
     bool TakeEnter() override { return TakeTab(false); }
     bool TakeEscape() override {
-        if (!editing_) return false;
+        if (!editor_.IsOpen()) return false;
         EndEdit(false);
         return true;
     }
+    void FinishTyping() override { EndEdit(true); }
 
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
@@ -44,12 +46,19 @@ class GridWindow final : public ControlWindow {
 
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
     bool KeyDown(WPARAM key);
+    void Type(wchar_t character);
+    void CellLeftBy(WPARAM key) override;
+    void CellLeft() override { EndEdit(true); }
+    void Copy() const { editor_.Copy(Wide(Model().GetText(column_, Model().ActiveRow()))); }
+    void Empty();
+    void Paste();
     void Scroll(WORD how);
+    void TurnWheel(int delta);
     void ScrollTo(std::int32_t topRow);
     void ShowCurrent();
     void ChooseRow(std::int32_t row);
-    void PressAt(POINT point);
-    void BeginEdit(wchar_t first);
+    bool PressAt(POINT point);
+    void BeginEdit(const wchar_t* typed = nullptr);
     void EndEdit(bool take);
     void Tell(WORD what) const {
         SendMessageW(surface().window, WM_COMMAND, MAKEWPARAM(0, what), reinterpret_cast<LPARAM>(handle()));
@@ -59,8 +68,8 @@ class GridWindow final : public ControlWindow {
     GridCells cells_;
     std::int32_t column_ = 1;
     std::int32_t wantedRow_ = 0;
-    HWND editor_ = nullptr;
-    bool editing_ = false;
+    int wheel_ = 0;  // what it has turned beyond the last whole row
+    CellEditor editor_;
     CellPlace edited_;
     std::string typed_;
 };
@@ -68,8 +77,7 @@ class GridWindow final : public ControlWindow {
 GridWindow::GridWindow(Grid& grid, const FormSurface& surface)
     : ControlWindow(grid, surface, kClassName, WS_VSCROLL | WS_TABSTOP | WS_CLIPCHILDREN, WS_EX_CLIENTEDGE),
       cells_(grid, surface.metrics),
-      editor_(CreateWindowExW(0, L"EDIT", L"", WS_CHILD | ES_AUTOHSCROLL, 0, 0, 0, 0, handle(), nullptr,
-                              ThisInstance(), nullptr)) {
+      editor_(handle(), *this) {
     // The user begins where he can type.
     for (std::int32_t column = 1; column <= grid.MaxCols(); ++column) {
         if (grid.CanEdit(column, 1)) column_ = column;
@@ -84,7 +92,7 @@ void GridWindow::Place(const RECT& place) {
 
 void GridWindow::TakeFont() {
     ControlWindow::TakeFont();
-    SendMessageW(editor_, WM_SETFONT, reinterpret_cast<WPARAM>(metrics().font()), TRUE);
+    editor_.SetFont(metrics().font());
 }
 
 void GridWindow::Show(Change what) {
@@ -114,6 +122,7 @@ void GridWindow::ScrollTo(std::int32_t topRow) {
     SetScrollInfo(handle(), SB_VERT, &bar, TRUE);
     GetClientRect(handle(), &client);
     cells_.Lay({client.right, client.bottom}, topRow);
+    if (editor_.IsOpen()) editor_.Place(cells_.RectOf(edited_), metrics());  // it goes with its cell
     InvalidateRect(handle(), nullptr, FALSE);
 }
 
@@ -141,9 +150,23 @@ void GridWindow::Scroll(WORD how) {
             return ScrollTo(cells_.topRow() + cells_.RowsSeen());
         case SB_THUMBTRACK:
             return ScrollTo(bar.nTrackPos);
+        case SB_TOP:
+            return ScrollTo(1);
+        case SB_BOTTOM:
+            return ScrollTo(Model().MaxRows());
         default:
             break;
     }
+}
+
+/// A wheel or a touch pad may turn by less than a row at a time.
+void GridWindow::TurnWheel(int delta) {
+    UINT rows = 3;
+    SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &rows, 0);
+    wheel_ += delta * std::min(static_cast<int>(std::min(rows, 100U)), cells_.RowsSeen());
+    const int turned = wheel_ / WHEEL_DELTA;
+    wheel_ -= turned * WHEEL_DELTA;
+    if (turned != 0) ScrollTo(cells_.topRow() - turned);
 }
 
 void GridWindow::Command(HWND, WORD notification) {
@@ -159,38 +182,65 @@ void GridWindow::ChooseRow(std::int32_t row) {
 }
 
 bool GridWindow::TakeTab(bool backwards) {
-    if (!editing_) return false;
+    if (!editor_.IsOpen()) return false;
     EndEdit(true);
     if (backwards || !Model().CanEdit(column_, Model().ActiveRow() + 1)) return false;
     ChooseRow(Model().ActiveRow() + 1);
     return true;
 }
 
-void GridWindow::BeginEdit(wchar_t first) {
+/// With what is typed in place of the cell's text, or to change the text; nothing happens in a locked cell.
+void GridWindow::BeginEdit(const wchar_t* typed) {
     const CellPlace cell = Current();
-    if (editing_ || !Model().CanEdit(cell.column, cell.row)) return;
+    if (editor_.IsOpen() || !Model().CanEdit(cell.column, cell.row)) return;
     ShowCurrent();
     edited_ = cell;
-    editing_ = true;
-    const std::wstring text = first ? std::wstring(1, first) : Wide(Model().GetText(cell.column, cell.row));
-    SetWindowTextW(editor_, text.c_str());
-    RECT area = cells_.RectOf(cell);
-    area.left += metrics().Pixels(30);
-    const int top = area.top + (area.bottom - area.top - metrics().Pixels(195)) / 2;
-    SetWindowPos(editor_, HWND_TOP, area.left, top, area.right - area.left - metrics().Pixels(45),
-                 metrics().Pixels(195), SWP_SHOWWINDOW);
-    SetFocus(editor_);
-    const auto end = static_cast<LPARAM>(text.size());
-    SendMessageW(editor_, EM_SETSEL, first ? static_cast<WPARAM>(end) : 0, end);
+    editor_.Place(cells_.RectOf(cell), metrics());
+    editor_.Open(typed ? typed : Wide(Model().GetText(cell.column, cell.row)), !typed);
 }
 
 void GridWindow::EndEdit(bool take) {
-    if (!std::exchange(editing_, false)) return;
-    typed_ = Narrow(TextOf(editor_));
-    if (GetFocus() == editor_) SetFocus(handle());
-    ShowWindow(editor_, SW_HIDE);
+    if (!editor_.IsOpen()) return;
+    typed_ = Narrow(editor_.Close());
     if (take && typed_ != Model().GetText(edited_.column, edited_.row)) Tell(kCellEdited);
     InvalidateRect(handle(), nullptr, FALSE);
+}
+
+void GridWindow::Empty() {
+    BeginEdit(L"");
+    EndEdit(true);
+}
+
+void GridWindow::Paste() {
+    BeginEdit();
+    if (!editor_.IsOpen()) return;
+    editor_.Paste();  // over all of it
+    EndEdit(true);
+}
+
+void GridWindow::CellLeftBy(WPARAM key) {
+    EndEdit(true);
+    KeyDown(key);
+}
+
+void GridWindow::Type(wchar_t character) {
+    constexpr wchar_t kCopy = 3, kPaste = 22, kCut = 24, kControlBackspace = 127;  // with the Control key
+    // An input method gives all characters of a word to the window in which it began.
+    if (editor_.IsOpen()) return editor_.Type(character);
+    switch (character) {
+        case kCopy:
+            return Copy();
+        case kPaste:
+            return Paste();
+        case kCut:
+            Copy();
+            return Empty();
+        case VK_BACK:
+            return BeginEdit(L"");
+        default:
+            const wchar_t typed[] = {character, L'\0'};
+            if (character >= L' ' && character != kControlBackspace) BeginEdit(typed);
+    }
 }
 
 bool GridWindow::KeyDown(WPARAM key) {
@@ -220,25 +270,24 @@ bool GridWindow::KeyDown(WPARAM key) {
             ShowCurrent();
             return true;
         case VK_F2:
-            BeginEdit(0);
+            BeginEdit();
             return true;
         case VK_DELETE:
-            BeginEdit(0);
-            if (!editing_) return true;
-            SetWindowTextW(editor_, L"");
-            EndEdit(true);
+            Empty();
             return true;
         default:
             return false;
     }
 }
 
-void GridWindow::PressAt(POINT point) {
+/// Whether there is a cell.
+bool GridWindow::PressAt(POINT point) {
     SetFocus(handle());
     const CellPlace cell = cells_.CellAt(point);
-    if (cell.row == 0) return;
+    if (cell.row == 0) return false;
     column_ = cell.column;
     ChooseRow(cell.row);
+    return true;
 }
 
 void GridWindow::Paint() const {
@@ -276,23 +325,19 @@ LRESULT GridWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             PressAt({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
             return 0;
         case WM_LBUTTONDBLCLK:
-            PressAt({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
-            BeginEdit(0);
+            if (PressAt({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)})) BeginEdit();
             return 0;
         case WM_KEYDOWN:
             if (KeyDown(wParam)) return 0;
             break;
         case WM_CHAR:
-            if (wParam >= L' ') BeginEdit(static_cast<wchar_t>(wParam));
+            Type(static_cast<wchar_t>(wParam));
             return 0;
         case WM_VSCROLL:
             Scroll(LOWORD(wParam));
             return 0;
         case WM_MOUSEWHEEL:
-            ScrollTo(cells_.topRow() - GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA * 3);
-            return 0;
-        case WM_COMMAND:
-            if (HIWORD(wParam) == EN_KILLFOCUS) EndEdit(true);
+            TurnWheel(GET_WHEEL_DELTA_WPARAM(wParam));
             return 0;
         case WM_GETDLGCODE:
             return DLGC_WANTALLKEYS;
