@@ -11,6 +11,7 @@ CheckBoxes::CheckBoxes(Form& form, Control& container, std::span<const CheckBoxR
                                              layout::kCheckWidth, layout::kCheckHeight};
         boxes_.push_back(std::make_unique<CheckBox>(form, std::string(boxes[i].name), boxes[i].caption,
                                                     std::int16_t{0}, place, &container));
+        if (shares) inNextRow_ = boxes_.back().get();
     }
 }
 

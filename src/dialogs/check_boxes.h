@@ -25,6 +25,9 @@ class CheckBoxes {
     CheckBoxes(Form& form, Control& container, std::span<const CheckBoxRow> boxes,
                LastBox lastBox = LastBox::OwnRow);
 
+    /// The box on the right of the row that follows; null where there is none.
+    CheckBox* inNextRow() const { return inNextRow_; }
+
     /// Where the rows of so many boxes end, twips from the container's top.
     static constexpr std::int32_t Bottom(std::size_t count, LastBox lastBox = LastBox::OwnRow) {
         const std::size_t shared = lastBox == LastBox::SharesNextRow ? 0 : 1;
@@ -35,6 +38,7 @@ class CheckBoxes {
 
  private:
     std::vector<std::unique_ptr<CheckBox>> boxes_;
+    CheckBox* inNextRow_ = nullptr;
 };
 
 }  // namespace qor

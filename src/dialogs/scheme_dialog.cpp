@@ -84,6 +84,7 @@ SchemeDialog::SchemeDialog(Process& process, const SchemeDialogDescription& desc
       cmbCheckState(*this, "cmbCheckState", BoxAt(StatusTop()), &StatusContainer()) {
     SetCaption("过滤");
     PictureWhole.SetBorder(false);
+    if (CheckBox* box = checks_.inNextRow()) TabBehind(*box, cmbCheckState);
     ConnectItems(commonItems_);
     ConnectItems(items_);
     if (CheckBox* box = FindCheck("chkIncludeWT")) {

@@ -43,15 +43,28 @@ Control* Form::Find(std::string_view name) const {
     return found == controls_.end() ? nullptr : *found;
 }
 
+void Form::Add(Control& control) {
+    controls_.push_back(&control);
+    tabOrder_.push_back(&control);
+}
+
 void Form::Remove(Control& control) {
     std::erase(controls_, &control);
+    std::erase(tabOrder_, &control);
     if (focus_ == &control) focus_ = nullptr;
     if (redirected_ == &control) redirected_ = nullptr;
 }
 
 void Form::MoveToEndOfTabOrder(Control& control) {
-    std::erase(controls_, &control);
-    controls_.push_back(&control);
+    for (auto* order : {&controls_, &tabOrder_}) {
+        std::erase(*order, &control);
+        order->push_back(&control);
+    }
+}
+
+void Form::TabBehind(Control& control, const Control& ahead) {
+    std::erase(tabOrder_, &control);
+    tabOrder_.insert(std::ranges::find(tabOrder_, &ahead) + 1, &control);
 }
 
 void Form::Load() {
@@ -135,12 +148,12 @@ bool Form::MoveFocus(Control& target) {
 }
 
 void Form::MoveFocusByTab(bool backwards) {
-    const auto count = static_cast<std::ptrdiff_t>(controls_.size());
-    auto position = std::ranges::find(controls_, focus_) - controls_.begin();
+    const auto count = static_cast<std::ptrdiff_t>(tabOrder_.size());
+    auto position = std::ranges::find(tabOrder_, focus_) - tabOrder_.begin();
     if (position == count) position = backwards ? count : -1;
     for (std::ptrdiff_t step = 1; step <= count; ++step) {
         const auto next = ((backwards ? position - step : position + step) % count + count) % count;
-        Control& control = *controls_[static_cast<std::size_t>(next)];
+        Control& control = *tabOrder_[static_cast<std::size_t>(next)];
         if (control.IsTabStop() && control.CanHaveFocus()) {
             MoveFocus(control);
             return;

@@ -44,7 +44,7 @@ class Form : public TableObject {
     void SetCaption(std::string_view caption);
     Size size() const { return size_; }
 
-    /// All controls in the order of their making, which is the tab order.
+    /// All controls in the order of their making.
     const std::vector<Control*>& controls() const { return controls_; }
     Control* Find(std::string_view name) const;  // null if there is none of that name
 
@@ -92,7 +92,9 @@ class Form : public TableObject {
     Form(WindowSystem& windows, std::string name, Size size);
 
     void SetSize(Size size);
+    // The tab order is that of the making where these say nothing else.
     void MoveToEndOfTabOrder(Control& control);
+    void TabBehind(Control& control, const Control& ahead);
 
     WindowSystem& windows() const { return windows_; }
 
@@ -106,7 +108,7 @@ class Form : public TableObject {
 
  private:
     friend class Control;
-    void Add(Control& control) { controls_.push_back(&control); }
+    void Add(Control& control);
     void Remove(Control& control);
     void LeaveFocus(Control& left);
 
@@ -115,6 +117,7 @@ class Form : public TableObject {
     std::string caption_;
     Size size_;
     std::vector<Control*> controls_;
+    std::vector<Control*> tabOrder_;
     FormView* view_ = nullptr;
     Control* focus_ = nullptr;
     Control* redirected_ = nullptr;  // where a LostFocus handler sent the focus

@@ -168,6 +168,19 @@ TEST_F(FormTest, GoesByTabThroughTheControlsThatCanHaveTheFocus) {
               (Log{"button", "date", "list", "outside", "no", "yes", "second", "first", "button"}));
 }
 
+TEST_F(FormTest, TabComesToAControlBehindAnotherOneWhereTheFormSaysSo) {
+    const std::vector<Control*> made = form->controls();
+    form->TabBehind(form->second, form->check);
+    EXPECT_EQ(form->controls(), made) << "only the Tab key goes another way";
+    form->MoveFocus(form->first);
+    Log names;
+    for (int i = 0; i < 3; ++i) {
+        form->MoveFocusByTab();
+        names.push_back(form->focus()->name());
+    }
+    EXPECT_EQ(names, (Log{"check", "second", "yes"}));
+}
+
 TEST_F(FormTest, StaysWithoutFocusWhereNothingCanHaveIt) {
     for (Control* control : form->controls()) {
         control->SetEnabled(false);

@@ -21,6 +21,8 @@ class SampleForm final : public Form {
         }
     }
 
+    using Form::TabBehind;
+
     void Tell(std::string_view what) { told.emplace_back(what); }
     /// What was told since the last asking.
     Log TakeTold() { return std::exchange(told, {}); }

@@ -15,9 +15,11 @@ SettlementListDialog::SettlementListDialog(Process& process, const SettlementLis
       chkIncludeRebate(*this, "chkIncludeRebate", kind.includeRebateCaption, 0, HighCheckAt(RowTop(2)),
                        &Frame1),
       Frame2(*this, "Frame2", "", layout::GroupAt(layout::Below(Frame1.bounds()), layout::GroupHeight(1))) {
+    TabBehind(chkIncludeOther, chkIncludePre);  // as they stand in their row
     if (kind_.hasCheckState) {
         lblStatus.emplace(*this, "lblStatus", "单据状态:", layout::LabelAt(RowTop(2)), &Frame1);
         cmbCheckState.emplace(*this, "cmbCheckState", layout::BoxAt(RowTop(2)), &Frame1);
+        TabBehind(chkIncludeRebate, *cmbCheckState);
     }
     chkIncludeRebate.SetVisible(false);
     Frame2.SetVisible(false);

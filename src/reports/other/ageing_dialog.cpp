@@ -40,6 +40,7 @@ AgeingDialog::AgeingDialog(Process& process)
       chkRPOher(*this, "chkRPOher", "包括其他应收应付", 1,
                 {240, layout::Below(fraItem.bounds()), layout::kCheckWidth, layout::kCheckHeight}),
       Frame1(*this, "Frame1", "账龄分组", layout::GroupAt(layout::Below(chkRPOher.bounds()), 2610)) {
+    TabBehind(cmbClassType, *DtpEDate);
     cmbClassType.onClick = [this] { SelectParty(); };
     cmdAddRow.onClick = [this] { ageGroups_.AddRow(); };
     cmdDelRow.onClick = [this] { ageGroups_.DeleteRow(); };

@@ -78,6 +78,40 @@ void CheckPlaces(const Screen& screen, const std::string& where) {
     }
 }
 
+/// Tab goes down row by row, and in a row from left to right.
+void CheckTabOrder(Screen& screen, const std::string& where) {
+    constexpr LONG kSameRow = 6;  // pixels; a check box stands a little lower than a text box beside it
+    const HWND first = GetFocus();
+    for (int stops = 0; stops < 100; ++stops) {
+        RECT from{}, to{};
+        GetWindowRect(GetFocus(), &from);
+        const std::string name = screen.Focused();
+        screen.Tab();
+        if (GetFocus() == first) return;
+        GetWindowRect(GetFocus(), &to);
+        EXPECT_TRUE(to.top > from.top + kSameRow || (to.top > from.top - kSameRow && to.left > from.left))
+            << where << ": " << screen.Focused() << " behind " << name;
+    }
+    ADD_FAILURE() << where << ": the Tab key never comes round";
+}
+
+TEST(DrawnLayout, TheTabKeyGoesAsAPersonReads) {
+    for (const ReportEntry& entry : Reports()) {
+        test::ReportHost host;
+        host.platform.Bag().Put("AppType", 4);
+        host.InDialog([&](Form& form) {
+            if (auto* levels = dynamic_cast<CheckBox*>(form.Find("chkMultiLevel"))) levels->SetValue(1);
+            Screen screen(form);
+            CheckTabOrder(screen, std::string(form.ClassName()));
+            SchemeFrame* frame = dynamic_cast<FrameOwner&>(form).schemeFrame();
+            if (!frame) return;
+            frame->SwitchPanel(false);
+            CheckTabOrder(screen, std::string(form.ClassName()) + " with the common panel");
+        });
+        host.Create("Rpt" + std::to_string(entry.description.number))->Call("ShowFilter");
+    }
+}
+
 TEST(DrawnLayout, NothingIsCutOffAndNothingOverlapsAtAnyScale) {
     int dialogs = 0;
     for (const ReportEntry& entry : Reports()) {
