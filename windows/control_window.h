@@ -56,8 +56,8 @@ class ControlWindow {
     virtual bool TakeTab(bool backwards) { return (void)backwards, false; }
     virtual bool TakeEscape() { return false; }
     virtual bool TakeEnter() { return false; }
-    /// The keyboard has come to one of its windows.
-    virtual void FocusArrived(HWND window) { (void)window; }
+    /// The keyboard has come to a window of the form, its own or another's.
+    virtual void KeyboardAt(HWND window) { (void)window; }
     /// Hands over what was typed and is taken only when the keyboard leaves.
     virtual void FinishTyping() {}
     virtual bool TakeMnemonic(wchar_t letter) { return (void)letter, false; }

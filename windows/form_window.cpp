@@ -254,7 +254,9 @@ void FormWindow::ShowFocus() {
 void FormWindow::TakeNativeFocus(HWND window) {
     ControlWindow* drawn = Find(window);
     if (!drawn || !form_.IsVisible()) return;
-    drawn->FocusArrived(window);
+    for (const auto& one : controls_) {
+        one->KeyboardAt(window);
+    }
     if (form_.focus() == &drawn->control()) return;
     Guarded([&] {
         if (ControlWindow* left = WindowOf(form_.focus())) left->FinishTyping();

@@ -66,7 +66,9 @@ class FrameBar final : public ControlWindow {
     std::vector<HWND> FocusWindows() const override { return stops_; }
     void Command(HWND from, WORD notification) override;
     void TakeFocus(bool byTab, bool backwards) override;
-    void FocusArrived(HWND window) override { last_ = window; }
+    void KeyboardAt(HWND window) override {
+        if (Holds(window)) last_ = window;
+    }
     bool TakeTab(bool backwards) override;
     bool TakeEscape() override { return CloseList(); }
     bool TakeEnter() override;

@@ -11,6 +11,7 @@ SchemeNameForm::SchemeNameForm(WindowSystem& system, std::string_view proposed)
     SetCaption("保存过滤方案");
     MoveToEndOfTabOrder(cmdOK);
     MoveToEndOfTabOrder(cmdCancel);
+    cmdOK.SetDefault(true);
     cmdOK.onClick = [this] { Confirm(); };
     cmdCancel.onClick = [this] { Hide(); };
 }

@@ -1,4 +1,5 @@
 // The native windows of labels, frames, progress bars and of everything that is clicked.
+#include "platform/form.h"
 #include "platform/user.h"
 #include "windows/control_window.h"
 
@@ -61,7 +62,27 @@ class ButtonWindow final : public ClickWindow {
     ButtonWindow(Button& button, const FormSurface& surface)
         : ClickWindow(button, surface, L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP) {}
 
+    /// In a form where Enter presses a button, that one has the heavy border.
+    void KeyboardAt(HWND window) override {
+        const Button* standard = DefaultOf(control().form());
+        if (!standard) return;
+        const bool pressed = window == handle() || (standard == &control() && !IsPushButton(window));
+        Send(BM_SETSTYLE, pressed ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
+    }
+
  private:
+    static const Button* DefaultOf(const Form& form) {
+        for (const Control* control : form.controls()) {
+            if (control->kind() != Control::Kind::Button) continue;
+            const auto* button = static_cast<const Button*>(control);
+            if (button->isDefault()) return button;
+        }
+        return nullptr;
+    }
+    static bool IsPushButton(HWND window) {
+        return (SendMessageW(window, WM_GETDLGCODE, 0, 0) & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0;
+    }
+
     void Clicked() override { User(control().form()).Click(static_cast<Button&>(control())); }
     void Show(Change) override {
         SetText(caption().empty() ? "…" : caption());  // the picker buttons carry no caption of their own

@@ -146,10 +146,18 @@ class Button final : public CaptionedControl {
         : CaptionedControl(form, Kind::Button, std::move(name), caption, bounds, container) {}
     bool TakesFocus() const override { return true; }
 
+    /// Drawn as the one that Enter presses wherever the focus is but on another button; the form's own key
+    /// handler has to see to that.
+    bool isDefault() const { return isDefault_; }
+    void SetDefault(bool isDefault) { isDefault_ = isDefault; }
+
     std::function<void()> onClick;
     void Click() {
         if (onClick) onClick();
     }
+
+ private:
+    bool isDefault_ = false;
 };
 
 /// A single-line text box. Positions and lengths of the selection count characters, not bytes.

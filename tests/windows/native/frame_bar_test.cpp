@@ -43,6 +43,31 @@ TEST(FrameBar, ThePersonIsStillAtTheButtonBehindItsQuestion) {
     });
 }
 
+bool LooksLikeDefault(Person& person, std::string_view button) {
+    return SendMessageW(Screen(person.form()).WindowOf(button), WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON;
+}
+
+TEST(FrameBar, ItsQuestionShowsWhichButtonTheEnterKeyPresses) {
+    SchemeUser user("Rpt10522");
+    user.Show([&](Person& person) {
+        Screen screen(person.form());
+        bool asked = false;
+        screen.InNextForm(user.host, [&](Person& question) {
+            asked = true;
+            EXPECT_TRUE(LooksLikeDefault(question, "cmdOK"));
+            EXPECT_FALSE(LooksLikeDefault(question, "cmdCancel"));
+            question.Focus("cmdCancel");
+            EXPECT_FALSE(LooksLikeDefault(question, "cmdOK"));
+            EXPECT_TRUE(LooksLikeDefault(question, "cmdCancel"));
+            question.Focus("txtName");
+            EXPECT_TRUE(LooksLikeDefault(question, "cmdOK"));
+            EXPECT_FALSE(LooksLikeDefault(question, "cmdCancel"));
+        });
+        screen.Press("另存(&A)");
+        EXPECT_TRUE(asked);
+    });
+}
+
 TEST(FrameBar, LoadsTheSchemeThatIsPicked) {
     SchemeUser user("Rpt10503");
     user.host.schemes.Save(10503, "甲", {{"BCustNumber", "01"}});
