@@ -1,5 +1,6 @@
 #include "windows/host_windows.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace qor::windows {
@@ -15,11 +16,23 @@ BOOL CALLBACK AddIfUsable(HWND window, LPARAM list) {
     return TRUE;
 }
 
+constexpr UINT kTouch = 0x0240, kPointerLast = 0x0257;  // fingers and pens
+
 bool IsInput(UINT message) {
-    constexpr UINT kTouch = 0x0240, kPointerLast = 0x0257;
     const auto within = [message](UINT first, UINT last) { return first <= message && message <= last; };
     return within(WM_KEYFIRST, WM_KEYLAST) || within(WM_MOUSEFIRST, WM_MOUSELAST) ||
-           within(WM_NCMOUSEMOVE, WM_NCXBUTTONDBLCLK) || within(kTouch, kPointerLast);
+           within(WM_NCMOUSEMOVE, WM_NCXBUTTONDBLCLK) || within(kTouch, kPointerLast) ||
+           message == WM_SYSCOMMAND;  // by the task bar
+}
+
+void Discard(HWND window, UINT first, UINT last, UINT kinds) {
+    MSG message;
+    while (PeekMessageW(&message, window, first, last, PM_REMOVE | kinds)) {
+        if (message.message == WM_QUIT) {  // which passes every filter
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+    }
 }
 
 }  // namespace
@@ -36,6 +49,18 @@ HWND HostWindow(DWORD thread) {
     if (GetGUIThreadInfo(thread, &state) && state.hwndActive) return state.hwndActive;
     const std::vector<HWND> usable = UsableWindows(thread);
     return usable.empty() ? nullptr : usable.front();
+}
+
+void DiscardInput(const std::vector<HWND>& windows) {
+    for (HWND window : windows) {
+        Discard(window, 0, 0, PM_QS_INPUT);
+        Discard(window, kTouch, kPointerLast, 0);  // older versions do not count it among the input
+        Discard(window, WM_SYSCOMMAND, WM_SYSCOMMAND, 0);
+    }
+    const HWND holder = GetCapture();
+    if (std::ranges::find(windows, GetAncestor(holder, GA_ROOT)) != windows.end()) {
+        SendMessageW(holder, WM_CANCELMODE, 0, 0);
+    }
 }
 
 InputGuard::InputGuard(DWORD thread, std::vector<HWND> windows)

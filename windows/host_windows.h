@@ -14,6 +14,10 @@ std::vector<HWND> UsableWindows(DWORD thread);
 /// none.
 HWND HostWindow(DWORD thread);
 
+/// What a person did to some windows of this thread and is not handled yet comes to nothing. A button of the
+/// mouse that one of them holds on to counts as let go: its release may be lost.
+void DiscardInput(const std::vector<HWND>& windows);
+
 /// Has what a person does to some windows come to nothing, whoever takes the messages of their thread: a
 /// server or the host may do so in the middle of a call. May be made on another thread than theirs.
 class InputGuard {

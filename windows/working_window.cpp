@@ -13,13 +13,6 @@ namespace {
 
 constexpr UINT kRedraw = WM_APP + 3;  // the picture has changed, or the work has ended
 
-/// What a person did while the window stood there.
-void DiscardInput() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_INPUT)) {
-    }
-}
-
 bool IsDrawn(const Control& control) {
     return control.kind() == Control::Kind::Label || control.kind() == Control::Kind::Progress;
 }
@@ -86,7 +79,9 @@ WorkingWindow::~WorkingWindow() {
     WaitUntilGone();
     WaitForThreadpoolTimerCallbacks(timer_, TRUE);
     CloseThreadpoolTimer(timer_);
-    if (gone_) CloseHandle(gone_);
+    if (!gone_) return;
+    CloseHandle(gone_);
+    DiscardInput(host_);
 }
 
 WorkingWindow::Picture WorkingWindow::Of(const Form& form) {
@@ -121,7 +116,6 @@ void WorkingWindow::WaitUntilGone() {
         if (window_) PostMessageW(window_, kRedraw, 0, 0);
     }
     if (!gone) return;
-    DiscardInput();
     // A window that goes may have the system tell its owner, which is a window of this thread.
     while (MsgWaitForMultipleObjects(1, &gone, FALSE, INFINITE, QS_SENDMESSAGE) == WAIT_OBJECT_0 + 1) {
         MSG message;
@@ -225,6 +219,9 @@ LRESULT CALLBACK WorkingWindow::Procedure(HWND window, UINT message, WPARAM wPar
         case WM_SYSCOMMAND:
         case WM_CLOSE:
             return 0;
+        // A click would wait for the host's window to give up the keyboard, and that for the work.
+        case WM_MOUSEACTIVATE:
+            return MA_NOACTIVATEANDEAT;
         default:
             return DefSubclassProc(window, message, wParam, lParam);
     }
