@@ -1,6 +1,7 @@
 #include "windows/native_windows.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "windows/form_window.h"
@@ -62,7 +63,8 @@ void NativeWindows::RunModal(Form& form) {
 void NativeWindows::Work(Form& form) {
     const bool underWork = IsAtWork();  // which keeps the host's windows from being used already
     const Stay stay(shown_, nullptr);
-    WorkingWindow window(form, underWork ? std::vector<HWND>() : UsableWindows(GetCurrentThreadId()));
+    const auto window = std::make_unique<WorkingWindow>(
+        form, underWork ? std::vector<HWND>() : UsableWindows(GetCurrentThreadId()));
     try {
         form.Activate();
     } catch (...) {

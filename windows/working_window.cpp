@@ -13,6 +13,25 @@ namespace {
 
 constexpr UINT kRedraw = WM_APP + 3;  // the picture has changed, or the work has ended
 
+/// The end of a thread of this process.
+class ThreadEnd {
+ public:
+    explicit ThreadEnd(DWORD thread) : thread_(OpenThread(SYNCHRONIZE, FALSE, thread)) {}
+    ThreadEnd(const ThreadEnd&) = delete;
+    ThreadEnd& operator=(const ThreadEnd&) = delete;
+    ~ThreadEnd() { CloseHandle(thread_); }
+
+    /// Waits for a message to the thread that asks, or for a while; false where the end comes first.
+    bool ComesAfterMessage() const {
+        constexpr DWORD kAnyway = 500;  // milliseconds: a finger's messages need not count among the input
+        const DWORD woken = MsgWaitForMultipleObjects(1, &thread_, FALSE, kAnyway, QS_ALLINPUT);
+        return woken == WAIT_OBJECT_0 + 1 || woken == WAIT_TIMEOUT;
+    }
+
+ private:
+    HANDLE thread_;
+};
+
 bool IsDrawn(const Control& control) {
     return control.kind() == Control::Kind::Label || control.kind() == Control::Kind::Progress;
 }
@@ -104,7 +123,12 @@ void WorkingWindow::Redraw() {
     Picture picture = Of(form_);
     const std::lock_guard lock(mutex_);
     picture_ = std::move(picture);
-    if (window_) PostMessageW(window_, kRedraw, 0, 0);
+    Tell();
+}
+
+/// One message at a time: a window's queue is limited, and who draws may be slower than the work.
+void WorkingWindow::Tell() {
+    if (window_ && !told_) told_ = PostMessageW(window_, kRedraw, 0, 0);
 }
 
 void WorkingWindow::WaitUntilGone() {
@@ -113,14 +137,14 @@ void WorkingWindow::WaitUntilGone() {
         const std::lock_guard lock(mutex_);
         ended_ = true;
         gone = gone_;
-        if (window_) PostMessageW(window_, kRedraw, 0, 0);
+        Tell();
     }
     if (!gone) return;
     // A window that goes may have the system tell its owner, which is a window of this thread.
-    while (MsgWaitForMultipleObjects(1, &gone, FALSE, INFINITE, QS_SENDMESSAGE) == WAIT_OBJECT_0 + 1) {
+    do {
         MSG message;
         PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
-    }
+    } while (MsgWaitForMultipleObjects(1, &gone, FALSE, INFINITE, QS_SENDMESSAGE) == WAIT_OBJECT_0 + 1);
 }
 
 /// The window while it can be told of changes.
@@ -168,6 +192,7 @@ bool WorkingWindow::Begin() {
 }
 
 void WorkingWindow::Live() {
+    const ThreadEnd end(thread_);  // a host may end the thread in the middle of its work
     const std::optional<Picture> first = Current();
     if (!first) return;
     const ThreadScale::Taken scale(scale_);
@@ -178,14 +203,17 @@ void WorkingWindow::Live() {
     const Published published(*this, copy, drawn.handle());
     TakeOver();  // what has changed while it was made
     if (copy_) drawn.ShowIdle();
-    MSG message;
-    while (copy_ && GetMessageW(&message, nullptr, 0, 0) > 0) {
-        DispatchMessageW(&message);
-    }
+    do {
+        MSG message;
+        while (copy_ && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            DispatchMessageW(&message);
+        }
+    } while (copy_ && end.ComesAfterMessage());
 }
 
-std::optional<WorkingWindow::Picture> WorkingWindow::Current() const {
+std::optional<WorkingWindow::Picture> WorkingWindow::Current() {
     const std::lock_guard lock(mutex_);
+    told_ = false;
     return ended_ ? std::nullopt : std::optional(picture_);
 }
 
@@ -222,6 +250,11 @@ LRESULT CALLBACK WorkingWindow::Procedure(HWND window, UINT message, WPARAM wPar
         // A click would wait for the host's window to give up the keyboard, and that for the work.
         case WM_MOUSEACTIVATE:
             return MA_NOACTIVATEANDEAT;
+        // The system may take a window away with its owner.
+        case WM_NCDESTROY:
+            working.copy_ = nullptr;
+            PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);  // nothing else might end the wait
+            return DefSubclassProc(window, message, wParam, lParam);
         default:
             return DefSubclassProc(window, message, wParam, lParam);
     }

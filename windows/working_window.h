@@ -22,7 +22,8 @@ class WorkingWindow final : private FormView {
     static constexpr int kUnseen = 50;
 
     /// Borrows the form, whose work begins now on this thread. Once it is seen, what a person does to
-    /// `host`'s windows comes to nothing.
+    /// `host`'s windows comes to nothing. To stand on the heap: a thread that is ended takes its stack along,
+    /// while the window's own thread lives on.
     WorkingWindow(Form& form, std::vector<HWND> host);
     /// Takes the window away; nothing of it is left on return.
     ~WorkingWindow();
@@ -53,6 +54,8 @@ class WorkingWindow final : private FormView {
 
     static Picture Of(const Form& form);
     void Redraw();
+    /// With the lock taken.
+    void Tell();
     void WaitUntilGone();
 
     // On the pool's thread.
@@ -63,8 +66,8 @@ class WorkingWindow final : private FormView {
     void Live();
     void TakeOver();
     void Redrawn();
-    /// Nothing where the work has ended.
-    std::optional<Picture> Current() const;
+    /// What is to be seen from now on; nothing where the work has ended.
+    std::optional<Picture> Current();
 
     Form& form_;
     const std::vector<HWND> host_;
@@ -73,9 +76,10 @@ class WorkingWindow final : private FormView {
     const PTP_TIMER timer_;
     Copy* copy_ = nullptr;  // the pool thread's own, while its window is to stand
 
-    mutable std::mutex mutex_;  // guards what follows
+    std::mutex mutex_;  // guards what follows
     Picture picture_;
     HWND window_ = nullptr;
+    bool told_ = false;      // of a change that it has not taken over yet
     HANDLE gone_ = nullptr;  // an event; there from the moment on at which the window begins to come up
     bool ended_ = false;
 };

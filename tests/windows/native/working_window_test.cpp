@@ -3,6 +3,8 @@
 
 #include <commctrl.h>
 
+#include <atomic>
+
 #include "support/raises.h"
 #include "windows/native/working_bar.h"
 
@@ -10,6 +12,29 @@ namespace qor::windows {
 namespace {
 
 using WorkingWindowTest = WorkingBar;
+
+/// Sees each message of its own that the thread of the shown window takes, before its window does.
+class DrawingThread {
+ public:
+    explicit DrawingThread(std::function<void(const MSG&)> sees)
+        : hook_(SetWindowsHookExW(WH_GETMESSAGE, &DrawingThread::Hook, nullptr,
+                                  GetWindowThreadProcessId(Progress(), nullptr))) {
+        sees_ = std::move(sees);
+    }
+    DrawingThread(const DrawingThread&) = delete;
+    DrawingThread& operator=(const DrawingThread&) = delete;
+    ~DrawingThread() { UnhookWindowsHookEx(hook_); }
+
+ private:
+    static LRESULT CALLBACK Hook(int code, WPARAM removed, LPARAM message) {
+        const auto& taken = *reinterpret_cast<const MSG*>(message);
+        if (code == HC_ACTION && removed == PM_REMOVE && taken.message >= WM_APP) sees_(taken);
+        return CallNextHookEx(nullptr, code, removed, message);
+    }
+
+    static inline std::function<void(const MSG&)> sees_;
+    HHOOK hook_;
+};
 
 TEST_F(WorkingWindowTest, WorkThatIsOverAtOnceIsNotSeen) {
     Run([](Bar& bar) {
@@ -56,6 +81,27 @@ TEST_F(WorkingWindowTest, ShowsWhatTheWorkChanges) {
     });
 }
 
+TEST_F(WorkingWindowTest, ManyChangesAreOneMessageToWhoDraws) {
+    std::atomic<int> messages = 0;
+    std::atomic<bool> drawingWaits = true;
+    Run([&](Bar& bar) {
+        EXPECT_TRUE(WorksUntilSeen());
+        const HWND shown = Child("ProgressBar1");
+        const DrawingThread drawing([&](const MSG&) {
+            ++messages;
+            WorksUntil([&] { return !drawingWaits; });
+        });
+        for (int value = 1; value <= 100; ++value) {
+            bar.SetBarValue(value);
+        }
+        drawingWaits = false;
+        EXPECT_TRUE(WorksUntil([shown] { return SendMessageW(shown, PBM_GETPOS, 0, 0) == 100; }));
+        Sleep(100);
+        EXPECT_LE(messages, 3);
+        bar.Unload();
+    });
+}
+
 TEST_F(WorkingWindowTest, EachRunBeginsAnew) {
     for (const char* message : {"正在连接服务器", kMessage}) {
         Run([message](Bar& bar) {
@@ -80,6 +126,38 @@ TEST_F(WorkingWindowTest, CannotBeClosed) {
         EXPECT_EQ(SendMessageW(Progress(), WM_NCHITTEST, 0, 0), HTCLIENT);
         bar.Unload();
     });
+}
+
+TEST_F(WorkingWindowTest, TheSystemMayTakeItAway) {
+    Run([](Bar& bar) {
+        EXPECT_TRUE(WorksUntilSeen());
+        const DrawingThread drawing([](const MSG& message) { DestroyWindow(message.hwnd); });
+        bar.SetMsg(kMessage);
+        EXPECT_TRUE(WorksUntil([] { return !Progress(); }));
+        bar.Unload();
+    });
+}
+
+/// Ends its thread in the middle of a work that is seen, as a host may that gives a report up.
+DWORD WINAPI WorkUntilTheThreadEnds(void*) {
+    struct Work final : BarEvents {
+        void Active() override { ExitThread(WorksUntilSeen() ? 1 : 0); }
+    } work;
+    test::ReportHost host;
+    const Ref<Bar> bar = MakeRef<Bar>(host.process);
+    bar->Connect(work);
+    bar->Show();
+    return 0;
+}
+
+TEST_F(WorkingWindowTest, GoesWithTheThreadThatWorks) {
+    const HANDLE thread = CreateThread(nullptr, 0, &WorkUntilTheThreadEnds, nullptr, 0, nullptr);
+    WaitForSingleObject(thread, INFINITE);
+    DWORD seen = 0;
+    GetExitCodeThread(thread, &seen);
+    CloseHandle(thread);
+    EXPECT_TRUE(seen);
+    EXPECT_TRUE(WorksUntil([] { return !Progress(); }));
 }
 
 TEST_F(WorkingWindowTest, GoesWithAFailure) {
