@@ -202,7 +202,11 @@ void WorkingWindow::Live() {
     FormWindow drawn(system, copy, HostWindow(thread_));
     const Published published(*this, copy, drawn.handle());
     TakeOver();  // what has changed while it was made
-    if (copy_) drawn.ShowIdle();
+    if (copy_) {
+        drawn.ShowIdle();
+        // A screen reader follows the keyboard, which stays where it is.
+        NotifyWinEvent(EVENT_SYSTEM_ALERT, drawn.handle(), OBJID_CLIENT, CHILDID_SELF);
+    }
     do {
         MSG message;
         while (copy_ && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
