@@ -1,12 +1,8 @@
 #include "windows/dispatch_object.h"
 
-#include <algorithm>
-#include <array>
-#include <memory_resource>
-#include <vector>
-
 #include "windows/enumerator.h"
 #include "windows/event_source.h"
+#include "windows/incoming_arguments.h"
 #include "windows/name_index.h"
 #include "windows/outward_objects.h"
 #include "windows/type_library.h"
@@ -16,82 +12,13 @@ namespace qor::windows {
 
 namespace {
 
-InvokeKind KindOf(WORD flags, const DISPPARAMS& parameters) {
-    constexpr WORD kEither = DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF;
-    if ((flags & kEither) == kEither) {
-        // A host that leaves it open; the new value is the first in automation's order.
-        const bool isObject = parameters.cArgs > 0 && FromVariant(parameters.rgvarg[0]).IsObject();
-        return isObject ? InvokeKind::PutRef : InvokeKind::Put;
-    }
-    if (flags & DISPATCH_PROPERTYPUTREF) return InvokeKind::PutRef;
-    if (flags & DISPATCH_PROPERTYPUT) return InvokeKind::Put;
-    return flags & DISPATCH_METHOD ? InvokeKind::Method : InvokeKind::Get;
-}
-
-/// Also where a host's routine hands on an optional argument that it was not given itself.
-bool IsMissing(const VARIANT& variant) {
-    if (variant.vt == (VT_BYREF | VT_VARIANT)) return IsMissing(*variant.pvarVal);
-    return variant.vt == VT_ERROR && variant.scode == DISP_E_PARAMNOTFOUND;
-}
-
-/// The arguments of one call, in the order of the parameters, with room for what comes back by reference.
-class IncomingArguments {
- public:
-    explicit IncomingArguments(const DISPPARAMS& parameters) : parameters_(parameters) {
-        const UINT count = parameters.cArgs;
-        arguments_.reserve(count);
-        if (std::any_of(parameters.rgvarg, parameters.rgvarg + count, &IsByRef)) values_.reserve(count);
-        for (UINT i = 0; i < count; ++i) {
-            const VARIANT& variant = VariantOf(i);
-            if (IsMissing(variant)) {
-                arguments_.push_back(Argument::Missing());
-            } else if (IsByRef(variant)) {
-                const Value value = FromVariant(variant);
-                Passed& passed = values_.emplace_back(Passed{i, value, value});
-                arguments_.push_back(Argument::ByRef(passed.now));
-            } else {
-                arguments_.emplace_back(FromVariant(variant));
-            }
-        }
-    }
-
-    Arguments arguments() { return arguments_; }
-
-    HRESULT HandBack() const {
-        for (const Passed& passed : values_) {
-            if (passed.now == passed.before) continue;
-            const HRESULT result = PutThroughReference(VariantOf(passed.argument), passed.now);
-            if (FAILED(result)) return result;
-        }
-        return S_OK;
-    }
-
- private:
-    /// The caller's variable behind an argument.
-    struct Passed {
-        UINT argument;
-        Value now, before;
-    };
-
-    static bool IsByRef(const VARIANT& variant) { return (variant.vt & VT_BYREF) != 0; }
-    const VARIANT& VariantOf(UINT argument) const {
-        return parameters_.rgvarg[parameters_.cArgs - 1 - argument];
-    }
-
-    const DISPPARAMS& parameters_;
-    // The few arguments of most calls need no allocation.
-    std::array<std::byte, 512> room_;
-    std::pmr::monotonic_buffer_resource memory_{room_.data(), room_.size()};
-    std::pmr::vector<Passed> values_{&memory_};
-    std::pmr::vector<Argument> arguments_{&memory_};
-};
-
 // Over the border 0 is the default member; others are the row of the member table and 1.
 DISPID ToDispid(Object& object, MemberId member) {
     return member == object.DefaultMember() ? DISPID_VALUE : member + 1;
 }
 
 MemberId FromDispid(Object& object, DISPID id) {
+    if (id < 0) return kNoMember;
     return id == DISPID_VALUE ? object.DefaultMember() : id - 1;
 }
 
@@ -111,10 +38,12 @@ DispatchObject::DispatchObject(Object& object)
 
 DispatchObject::~DispatchObject() { ForgetOutward(*object_, *this); }
 
+bool DispatchObject::IsOwnInterface(REFIID id) const { return class_ && id == ToGuid(class_->InterfaceId()); }
+
 HRESULT DispatchObject::QueryInterface(REFIID id, void** object) {
     if (!object) return E_POINTER;
     *object = nullptr;
-    if (id == IID_IUnknown || id == IID_IDispatch || (class_ && id == ToGuid(class_->InterfaceId()))) {
+    if (id == IID_IUnknown || id == IID_IDispatch || IsOwnInterface(id)) {
         *object = static_cast<IDispatch*>(this);
     } else if (id == IID_ISupportErrorInfo) {
         *object = static_cast<ISupportErrorInfo*>(this);
@@ -156,46 +85,59 @@ HRESULT DispatchObject::GetGUID(DWORD kind, GUID* id) {
     return S_OK;
 }
 
-MemberId DispatchObject::FindMember(const wchar_t* name) {
+const NameIndex* DispatchObject::Names() {
     if (!names_) names_ = NameIndex::Of(*object_);
-    return names_ ? names_->Find(name) : object_->FindMember(Narrow(name));
+    return names_;
 }
 
-HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+HRESULT DispatchObject::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+    if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
     if (!names || !names[0] || !ids || count == 0) return E_INVALIDARG;
     if (IsElsewhere()) return RPC_E_WRONG_THREAD;
     return AtBorder(nullptr, [&]() -> HRESULT {
-        const MemberId member = FindMember(names[0]);
+        const NameIndex* known = Names();
+        const MemberId member = known ? known->Find(names[0]) : object_->FindMember(Narrow(names[0]));
         ids[0] = member == kNoMember ? DISPID_UNKNOWN : ToDispid(*object_, member);
-        for (UINT i = 1; i < count; ++i) {
-            ids[i] = DISPID_UNKNOWN;  // arguments are taken by their place, not by name
+        bool allKnown = member != kNoMember;
+        for (UINT i = 1; i < count; ++i) {  // a member's parameters have their places for ids
+            ids[i] = known && member != kNoMember ? known->FindParameter(member, names[i]) : DISPID_UNKNOWN;
+            if (ids[i] == DISPID_UNKNOWN) allKnown = false;
         }
-        return member == kNoMember || count > 1 ? DISP_E_UNKNOWNNAME : S_OK;
+        return allKnown ? S_OK : DISP_E_UNKNOWNNAME;
     });
 }
 
-HRESULT DispatchObject::Invoke(DISPID member, REFIID id, LCID, WORD flags, DISPPARAMS* parameters,
+HRESULT DispatchObject::Invoke(DISPID member, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters,
                                VARIANT* result, EXCEPINFO* info, UINT* wrongArgument) {
-    if (id != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-    if (!parameters) return E_INVALIDARG;
-    if (wrongArgument) *wrongArgument = 0;
+    if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+    if (!parameters || (parameters->cArgs > 0 && !parameters->rgvarg)) return E_INVALIDARG;
     if (IsElsewhere()) return RPC_E_WRONG_THREAD;
     const ComPtr<IDispatch> kept(this);  // the last reference may go inside the call
-    return AtBorder(info, [&] { return InvokeMember(member, flags, *parameters, result); });
+    return AtBorder(info, [&] { return InvokeMember(member, flags, *parameters, result, wrongArgument); });
 }
 
-HRESULT DispatchObject::InvokeMember(DISPID member, WORD flags, DISPPARAMS& parameters, VARIANT* result) {
+HRESULT DispatchObject::InvokeMember(DISPID member, WORD flags, const DISPPARAMS& parameters, VARIANT* result,
+                                     UINT* wrongArgument) {
     if (member == DISPID_NEWENUM) return NewEnum(result);
-    const bool isPut = flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF);
-    if (parameters.cNamedArgs > (isPut ? 1u : 0u)) return DISP_E_NONAMEDARGS;
-
     const MemberId id = FromDispid(*object_, member);
-    if (id == kNoMember) return DISP_E_MEMBERNOTFOUND;
-    IncomingArguments incoming(parameters);
-    Value answer = object_->Invoke(id, KindOf(flags, parameters), incoming.arguments());
-    if (const HRESULT handed = incoming.HandBack(); FAILED(handed)) return handed;
-    if (result) *result = ToVariant(answer).Detach();
-    return S_OK;
+    const NameIndex* known = Names();
+    if (id == kNoMember || (known && !known->Has(id))) return DISP_E_MEMBERNOTFOUND;
+    // Whoever only looks at an object's values must not run it.
+    const bool isRead = (flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET)) == DISPATCH_PROPERTYGET;
+    if (isRead && known && known->IsMethod(id)) return DISP_E_MEMBERNOTFOUND;
+
+    IncomingArguments incoming(parameters, flags, known ? known->ParameterCount(id) : 0);
+    if (FAILED(incoming.placed())) return incoming.TellWrong(wrongArgument), incoming.placed();
+    try {
+        incoming.Take();
+        const Value answer = object_->Invoke(id, incoming.kind(), incoming.arguments());
+        incoming.HandBack();
+        if (result) *result = ToVariant(answer).Detach();
+        return S_OK;
+    } catch (const Error&) {
+        incoming.TellWrong(wrongArgument);
+        throw;
+    }
 }
 
 HRESULT DispatchObject::NewEnum(VARIANT* result) {
@@ -208,7 +150,9 @@ HRESULT DispatchObject::NewEnum(VARIANT* result) {
     return S_OK;
 }
 
-HRESULT DispatchObject::InterfaceSupportsErrorInfo(REFIID id) { return id == IID_IDispatch ? S_OK : S_FALSE; }
+HRESULT DispatchObject::InterfaceSupportsErrorInfo(REFIID id) {
+    return id == IID_IDispatch || IsOwnInterface(id) ? S_OK : S_FALSE;
+}
 
 HRESULT DispatchObject::EnumConnectionPoints(IEnumConnectionPoints** points) {
     if (!points) return E_POINTER;

@@ -41,10 +41,12 @@ class DispatchObject final
 
  private:
     ~DispatchObject() override;
-    HRESULT InvokeMember(DISPID member, WORD flags, DISPPARAMS& parameters, VARIANT* result);
+    HRESULT InvokeMember(DISPID member, WORD flags, const DISPPARAMS& parameters, VARIANT* result,
+                         UINT* wrongArgument);
     HRESULT NewEnum(VARIANT* result);
-    MemberId FindMember(const wchar_t* name);
+    const NameIndex* Names();
 
+    bool IsOwnInterface(REFIID id) const;
     bool IsElsewhere() const { return GetCurrentThreadId() != thread_; }
 
     const DWORD thread_ = GetCurrentThreadId();  // the only one that may call the object

@@ -81,6 +81,7 @@ void RaiseFromCom(HRESULT result, EXCEPINFO& info) {
     }
     if (info.pfnDeferredFillIn) info.pfnDeferredFillIn(&info);
     auto number = static_cast<ULONG>(info.scode != 0 ? info.scode : info.wCode);
+    if (number == 0) number = static_cast<ULONG>(result);  // an error without a number is one still
     if ((number & 0xFFFF0000) == kAutomationResult) number &= 0xFFFF;
     std::string source = TakeText(info.bstrSource);
     std::string description = TakeText(info.bstrDescription);

@@ -57,6 +57,7 @@ class ConnectionPoint : public IConnectionPoint {
         return owner_.QueryInterface(IID_IConnectionPointContainer, reinterpret_cast<void**>(container));
     }
     STDMETHODIMP Advise(IUnknown* sink, DWORD* cookie) override {
+        if (cookie) *cookie = 0;
         if (!sink || !cookie) return E_POINTER;
         ComPtr<IDispatch> dispatch;
         if (FAILED(sink->QueryInterface(events_, reinterpret_cast<void**>(&dispatch))) &&

@@ -8,9 +8,10 @@
 #include "windows/registration.h"
 #include "windows/type_library.h"
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
+extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID ending) {
     if (reason == DLL_PROCESS_ATTACH) DisableThreadLibraryCalls(module);
     if (reason == DLL_PROCESS_DETACH) qor::windows::AbandonComponentProcess();
+    if (reason == DLL_PROCESS_DETACH && ending) qor::windows::AbandonTypeLibrary();
     return TRUE;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -26,7 +27,10 @@ class ListEnumerator final : public ComObject<Interface> {
     }
 
     STDMETHODIMP Next(ULONG count, Item* items, ULONG* fetched) override {
-        if (!items || (!fetched && count != 1)) return E_POINTER;
+        // Of automation's own enumerator alone anybody may take several without being told how many.
+        constexpr bool kTellsAlways = !std::is_same_v<Interface, IEnumVARIANT>;
+        if (fetched) *fetched = 0;
+        if (!items || (kTellsAlways && !fetched && count != 1)) return E_POINTER;
         return AtBorder(nullptr, [&]() -> HRESULT {
             ULONG done = 0;
             for (; done < count && next_ < items_.size(); ++done) {
@@ -47,6 +51,7 @@ class ListEnumerator final : public ComObject<Interface> {
     }
     STDMETHODIMP Clone(Interface** copy) override {
         if (!copy) return E_POINTER;
+        *copy = nullptr;
         return AtBorder(nullptr, [&]() -> HRESULT {
             *copy = new ListEnumerator(items_, next_);
             return S_OK;

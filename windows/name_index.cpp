@@ -21,6 +21,16 @@ int Compare(const std::wstring& known, const wchar_t* asked) {
     return *asked == L'\0' ? 0 : -1;
 }
 
+bool IsFirstRow(std::span<const Member> members, std::size_t row) {
+    return row == 0 || members[row].name != members[row - 1].name;
+}
+
+/// The parameters of a row that a call can name: not the new value of a put.
+std::span<const Parameter> Nameable(const Member& row) {
+    const bool isPut = row.kind == InvokeKind::Put || row.kind == InvokeKind::PutRef;
+    return std::span(row.parameters).first(row.ParameterCount() - (isPut ? 1 : 0));
+}
+
 }  // namespace
 
 const NameIndex* NameIndex::Of(Object& object) {
@@ -31,10 +41,10 @@ const NameIndex* NameIndex::Of(Object& object) {
     return &classes.try_emplace(members.data(), members).first->second;
 }
 
-NameIndex::NameIndex(std::span<const Member> members) {
+NameIndex::NameIndex(std::span<const Member> members) : members_(members) {
     for (std::size_t i = 0; i < members.size(); ++i) {
         // The rows of one property stand side by side; the first names it.
-        if (i > 0 && members[i].name == members[i - 1].name) continue;
+        if (!IsFirstRow(members, i)) continue;
         std::wstring name = Wide(members[i].name);
         std::ranges::transform(name, name.begin(), Lower);
         byName_.emplace_back(std::move(name), static_cast<MemberId>(i));
@@ -46,6 +56,27 @@ MemberId NameIndex::Find(const wchar_t* name) const {
     const auto found = std::partition_point(byName_.begin(), byName_.end(),
                                             [name](const auto& row) { return Compare(row.first, name) < 0; });
     return found != byName_.end() && Compare(found->first, name) == 0 ? found->second : kNoMember;
+}
+
+bool NameIndex::Has(MemberId member) const {
+    const auto row = static_cast<std::size_t>(member);
+    return member >= 0 && row < members_.size() && IsFirstRow(members_, row);
+}
+
+bool NameIndex::IsMethod(MemberId member) const {
+    return members_[static_cast<std::size_t>(member)].kind == InvokeKind::Method;
+}
+
+MemberId NameIndex::FindParameter(MemberId member, const wchar_t* name) const {
+    const std::string asked = Narrow(name);
+    const auto parameters = Nameable(members_[static_cast<std::size_t>(member)]);
+    const auto found = std::ranges::find_if(
+        parameters, [&](const Parameter& parameter) { return EqualsIgnoringCase(parameter.name, asked); });
+    return found == parameters.end() ? kNoMember : static_cast<MemberId>(found - parameters.begin());
+}
+
+std::size_t NameIndex::ParameterCount(MemberId member) const {
+    return Nameable(members_[static_cast<std::size_t>(member)]).size();
 }
 
 }  // namespace qor::windows

@@ -1,6 +1,7 @@
 // NameIndex: the members of one class by name, looked up once a class and kept.
 #pragma once
 
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,8 +18,17 @@ class NameIndex {
     explicit NameIndex(std::span<const Member> members);
     /// The member of that name, without regard to the case of ASCII letters; kNoMember if there is none.
     MemberId Find(const wchar_t* name) const;
+    /// Whether a name leads to the id.
+    bool Has(MemberId member) const;
+    bool IsMethod(MemberId member) const;
+    /// The place of a member's parameter of that name; kNoMember if there is none. What a property is put to
+    /// has no name.
+    MemberId FindParameter(MemberId member, const wchar_t* name) const;
+    /// How many of its parameters can be named.
+    std::size_t ParameterCount(MemberId member) const;
 
  private:
+    std::span<const Member> members_;
     std::vector<std::pair<std::wstring, MemberId>> byName_;  // in lower case, sorted
 };
 

@@ -23,4 +23,6 @@ ComPtr<ITypeInfo> DescriptionOf(const ComponentId& id) {
 
 void ReleaseTypeLibrary() { library_.Reset(); }
 
+void AbandonTypeLibrary() { (void)library_.Detach(); }
+
 }  // namespace qor::windows

@@ -11,5 +11,7 @@ ComPtr<ITypeLib> EmbeddedTypeLibrary();
 ComPtr<ITypeInfo> DescriptionOf(const ComponentId& id);
 /// Lets go of the library.
 void ReleaseTypeLibrary();
+/// Leaves it to the end of the process, when nothing may be called any more.
+void AbandonTypeLibrary();
 
 }  // namespace qor::windows

@@ -1,3 +1,5 @@
+#include <cstring>
+
 #include "platform/conversions.h"
 #include "windows/bridge.h"
 
@@ -31,6 +33,41 @@ Ref<Object> FromUnknown(IUnknown* unknown) {
     if (unknown && FAILED(unknown->QueryInterface(IID_PPV_ARGS(&dispatch)))) Raise(Automation::TypeMismatch);
     return Inward(dispatch.Get());
 }
+
+/// The bytes of a variable of that type; 0 for types that nothing is put into.
+std::size_t SizeOf(VARTYPE type) {
+    switch (type) {
+        case VT_I1:
+        case VT_UI1:
+            return 1;
+        case VT_BOOL:
+        case VT_I2:
+        case VT_UI2:
+            return 2;
+        case VT_I4:
+        case VT_UI4:
+        case VT_INT:
+        case VT_UINT:
+        case VT_R4:
+            return 4;
+        case VT_I8:
+        case VT_UI8:
+        case VT_R8:
+        case VT_CY:
+        case VT_DATE:
+            return 8;
+        case VT_BSTR:
+        case VT_DISPATCH:
+        case VT_UNKNOWN:
+            return sizeof(void*);
+        case VT_DECIMAL:
+            return sizeof(DECIMAL);
+        default:
+            return 0;
+    }
+}
+
+bool IsOwned(VARTYPE type) { return type == VT_BSTR || type == VT_DISPATCH || type == VT_UNKNOWN; }
 
 }  // namespace
 
@@ -80,6 +117,7 @@ Variant ToVariant(const Value& value) {
 
 Value FromVariant(const VARIANT& variant) {
     if (variant.vt & VT_BYREF) {
+        if (!variant.byref) Raise(Automation::TypeMismatch);
         if (variant.vt == (VT_BYREF | VT_VARIANT)) return FromVariant(*variant.pvarVal);
         return FromVariant(*WithoutReferences(variant));
     }
@@ -129,48 +167,31 @@ Value FromVariant(const VARIANT& variant) {
 HRESULT PutThroughReference(const VARIANT& reference, const Value& value) {
     Variant out = ToVariant(value);
     if (reference.vt == (VT_BYREF | VT_VARIANT)) {
-        VariantClear(reference.pvarVal);
-        *reference.pvarVal = out.Detach();
+        VARIANT& variable = *reference.pvarVal;
+        if (variable.vt & VT_BYREF) return PutThroughReference(variable, value);
+        const Variant before(std::move(variable));
+        variable = out.Detach();
         return S_OK;
     }
     const VARTYPE type = reference.vt & static_cast<VARTYPE>(~VT_BYREF);
+    const std::size_t size = SizeOf(type);
+    if (size == 0) return DISP_E_TYPEMISMATCH;
     Variant converted;
     if (const HRESULT result = VariantChangeType(converted.get(), out.get(), 0, type); FAILED(result))
         return result;
-    switch (type) {
-        case VT_BOOL:
-            *reference.pboolVal = (*converted).boolVal;
-            return S_OK;
-        case VT_UI1:
-            *reference.pbVal = (*converted).bVal;
-            return S_OK;
-        case VT_I2:
-            *reference.piVal = (*converted).iVal;
-            return S_OK;
-        case VT_I4:
-        case VT_INT:
-            *reference.plVal = (*converted).lVal;
-            return S_OK;
-        case VT_R4:
-            *reference.pfltVal = (*converted).fltVal;
-            return S_OK;
-        case VT_R8:
-            *reference.pdblVal = (*converted).dblVal;
-            return S_OK;
-        case VT_DATE:
-            *reference.pdate = (*converted).date;
-            return S_OK;
-        case VT_BSTR:
-            SysFreeString(*reference.pbstrVal);
-            *reference.pbstrVal = converted.Detach().bstrVal;
-            return S_OK;
-        case VT_DISPATCH:
-            if (*reference.ppdispVal) (*reference.ppdispVal)->Release();
-            *reference.ppdispVal = converted.Detach().pdispVal;
-            return S_OK;
-        default:
-            return DISP_E_TYPEMISMATCH;
+    Variant before;
+    if (IsOwned(type)) {
+        before.get()->vt = type;
+        std::memcpy(&before.get()->byref, reference.byref, size);
     }
+    const VARIANT now = converted.Detach();
+    if (type == VT_DECIMAL) {
+        *reference.pdecVal = now.decVal;
+        reference.pdecVal->wReserved = 0;  // where the type stood
+    } else {
+        std::memcpy(reference.byref, &now.byref, size);
+    }
+    return S_OK;
 }
 
 }  // namespace qor::windows

@@ -25,7 +25,6 @@ const Member* FindRow(std::span<const Member> rows, MemberId first, InvokeKind k
 }
 
 void ConvertArgument(Argument& argument, const Parameter& parameter) {
-    if (argument.IsMissing()) return;
     switch (parameter.type) {
         case ParameterType::Any:
             break;
@@ -47,15 +46,26 @@ void ConvertArgument(Argument& argument, const Parameter& parameter) {
     }
 }
 
+void CheckArgument(Argument& argument, const Parameter& parameter) {
+    // A caller's variable is its own: only a parameter by reference may leave something in it.
+    if (argument.IsByRef() && !parameter.byReference) argument = Value(*argument);
+    argument.MarkRefused(true);  // until it is taken
+    if (!argument.IsMissing()) {
+        ConvertArgument(argument, parameter);
+    } else if (!parameter.optional) {
+        Raise(Automation::ArgumentNotOptional);
+    }
+    argument.MarkRefused(false);
+}
+
 void CheckArguments(const Member& row, Arguments arguments) {
     const std::size_t count = row.ParameterCount();
     for (std::size_t i = 0; i < count; ++i) {
-        const bool given = i < arguments.size() && !arguments[i].IsMissing();
-        if (!given && !row.parameters[i].optional) Raise(Automation::ArgumentNotOptional);
-        if (!given) continue;
-        // A caller's variable is its own: only a parameter by reference may leave something in it.
-        if (arguments[i].IsByRef() && !row.parameters[i].byReference) arguments[i] = Value(*arguments[i]);
-        ConvertArgument(arguments[i], row.parameters[i]);
+        if (i < arguments.size()) {
+            CheckArgument(arguments[i], row.parameters[i]);
+        } else if (!row.parameters[i].optional) {
+            Raise(Automation::ArgumentNotOptional);
+        }
     }
 }
 

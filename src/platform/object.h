@@ -41,6 +41,9 @@ class Argument {
 
     bool IsByRef() const noexcept { return variable_ != nullptr; }
     bool IsMissing() const noexcept { return missing_; }
+    /// Whether it is the one for which the callee refused the call.
+    bool IsRefused() const noexcept { return refused_; }
+    void MarkRefused(bool refused) noexcept { refused_ = refused; }
     Value& operator*() noexcept { return variable_ ? *variable_ : own_; }
     const Value& operator*() const noexcept { return variable_ ? *variable_ : own_; }
     Value* operator->() noexcept { return &**this; }
@@ -51,6 +54,7 @@ class Argument {
     Value own_;
     Value* variable_ = nullptr;
     bool missing_ = false;
+    bool refused_ = false;
 };
 
 using Arguments = std::span<Argument>;

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <optional>
+#include <vector>
+
 #include "platform/conversions.h"
 #include "platform/dictionary.h"
 #include "platform/vector.h"
@@ -11,6 +15,7 @@
 namespace qor {
 namespace {
 
+using test::ErrorOf;
 using test::RaisedBy;
 using test::Shown;
 
@@ -146,6 +151,34 @@ TEST_F(LateBinding, ConvertsArgumentsToWhatTheParametersTake) {
     EXPECT_EQ(RaisedBy([&] { sample->Call("Convert", true, 1, 1, Value::Null()); }),
               Automation::InvalidUseOfNull);
     EXPECT_EQ(RaisedBy([&] { sample->Call("Convert", true, 1, 1, "", 1, 1); }), Automation::TypeMismatch);
+}
+
+/// The place of the argument for which a call is refused; nothing where the call fails for another reason.
+std::optional<std::ptrdiff_t> RefusedPlace(Object& object, std::string_view member, InvokeKind kind,
+                                           std::vector<Argument> arguments) {
+    EXPECT_TRUE(ErrorOf([&] { object.InvokeByName(member, kind, arguments); })) << member;
+    const auto refused = std::ranges::find_if(arguments, &Argument::IsRefused);
+    if (refused == arguments.end()) return std::nullopt;
+    return refused - arguments.begin();
+}
+
+TEST_F(LateBinding, TellsTheArgumentForWhichACallIsRefused) {
+    const auto called = [&](std::vector<Argument> arguments) {
+        return RefusedPlace(*sample, "Convert", InvokeKind::Method, std::move(arguments));
+    };
+    EXPECT_EQ(called({"x", 1, 1, ""}), 0);
+    EXPECT_EQ(called({true, 70000, 1, ""}), 1);
+    EXPECT_EQ(called({true, Argument::Missing(), 1, ""}), 1);
+    EXPECT_EQ(called({true, 1, 1, "", 1, 1}), 5);
+    EXPECT_EQ(called({true, 1}), std::nullopt);
+    EXPECT_EQ(called({true, 1, 1, "", 1, sample->items, 1}), std::nullopt);
+    // An index that goes on to the object that is answered keeps its place.
+    EXPECT_EQ(RefusedPlace(*sample, "Entries", InvokeKind::Get, {Value::Null()}), 0);
+    EXPECT_EQ(RefusedPlace(*sample, "Entries", InvokeKind::Put, {Value::Null(), 1}), 0);
+    Value variable;
+    std::vector<Argument> read = {Argument::ByRef(variable)};
+    sample->InvokeByName("Replace", InvokeKind::Method, read);
+    EXPECT_FALSE(read[0].IsRefused());
 }
 
 TEST_F(LateBinding, HandsOptionalArgumentsOnAsTheyAre) {

@@ -19,7 +19,7 @@ support   tests/
 pictures  windows/pictures/  platform progress library handles drawn support
 types     windows/types/     platform progress library
 handles   windows/(handles|com_ptr|instance|module|prelude)[.]  types
-border    windows/(bridge|class_factory|class_registration|com_object|dispatch_object|enumerator|errors|event_source|foreign_object|list_enumerator|member_ids|name_index|outward_objects|type_library|variants)[.]  platform progress types handles
+border    windows/(bridge|class_factory|class_registration|com_object|dispatch_object|enumerator|errors|event_source|foreign_object|incoming_arguments|list_enumerator|member_ids|name_index|outward_objects|type_library|variants)[.]  platform progress types handles
 component windows/(component_process|exports|registration|windows_platform)[.]  platform process library frames types handles border drawn
 drawn     windows/        platform dialogs handles
 '

@@ -77,18 +77,6 @@ void AVariableByValueStaysAsItWas() {
     Expect(windows::Inward(report.Get())->Get("RptID") == Value(10522), "the number did not arrive");
 }
 
-void NamedArgumentsAreRefused() {
-    const ComPtr<IDispatch> bar = Create("QORArApRpt.Bar");
-    VARIANT argument{};
-    DISPID named = 1;
-    DISPPARAMS parameters{&argument, &named, 1, 1};
-    Expect(bar->Invoke(2, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr) ==
-               DISP_E_NONAMEDARGS,
-           "a named argument is taken");
-    Expect(bar->Invoke(9999, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr) < 0,
-           "an unknown member is called");
-}
-
 void ListsCanBeWalked() {
     const Ref<Object> report = CreateObject("QORArApRpt.Rpt10501");
     const ComPtr<IDispatch> property = Outward(&ObjectIn(report->Get("Property")));
@@ -372,7 +360,6 @@ constexpr HostCheck kChecks[] = {
     {"SurplusIndicesGoOnToTheAnswer", SurplusIndicesGoOnToTheAnswer},
     {"ErrorsCarryNumberSourceAndDescription", ErrorsCarryNumberSourceAndDescription},
     {"AVariableByValueStaysAsItWas", AVariableByValueStaysAsItWas},
-    {"NamedArgumentsAreRefused", NamedArgumentsAreRefused},
     {"ListsCanBeWalked", ListsCanBeWalked},
     {"AHostsObjectMayFailAtAnyMoment", AHostsObjectMayFailAtAnyMoment},
     {"WhatIsNoDictionaryIsRefused", WhatIsNoDictionaryIsRefused},

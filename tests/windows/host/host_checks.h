@@ -17,6 +17,8 @@ struct HostCheck {
 
 std::span<const HostCheck> LifeChecks();
 std::span<const HostCheck> CallChecks();
+std::span<const HostCheck> ArgumentChecks();
+std::span<const HostCheck> ContractChecks();
 std::span<const HostCheck> DescriptionChecks();
 std::span<const HostCheck> RegistrationChecks();
 std::span<const HostCheck> MemberIdChecks();

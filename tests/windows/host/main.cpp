@@ -33,8 +33,8 @@ bool CanUnload() {
 namespace {
 
 int Run(std::string_view name) {
-    for (const auto checks :
-         {LifeChecks(), CallChecks(), DescriptionChecks(), RegistrationChecks(), MemberIdChecks()}) {
+    for (const auto checks : {LifeChecks(), CallChecks(), ArgumentChecks(), ContractChecks(),
+                              DescriptionChecks(), RegistrationChecks(), MemberIdChecks()}) {
         for (const HostCheck& check : checks) {
             if (name.empty()) std::printf("%s\n", std::string(check.name).c_str());
             if (check.name != name) continue;
