@@ -43,6 +43,9 @@ constexpr Event kPassEvents[] = {
     {"ShowProgBar", ""},
 };
 
+// Browsers show the class in their place.
+constexpr std::string_view kInterfaceAttributes = ", hidden";
+
 // widl brings no automation types of its own.
 constexpr std::string_view kTypes = R"(typedef wchar_t OLECHAR;
 typedef OLECHAR* BSTR;
@@ -110,8 +113,9 @@ std::string MemberText(const Member& member, std::size_t id) {
 }
 
 std::string InterfaceText(const PublicClass& publicClass, std::span<const Member> members) {
-    std::string text = "    [uuid(" + IdText(publicClass.InterfaceId()) + ")]\n    dispinterface _" +
-                       publicClass.name + " {\n        properties:\n        methods:\n";
+    std::string text = "    [uuid(" + IdText(publicClass.InterfaceId()) + ")" +
+                       std::string(kInterfaceAttributes) + "]\n    dispinterface _" + publicClass.name +
+                       " {\n        properties:\n        methods:\n";
     std::size_t id = 0;
     for (std::size_t i = 0; i < members.size(); ++i) {
         if (i == 0 || members[i].name != members[i - 1].name)
@@ -122,8 +126,8 @@ std::string InterfaceText(const PublicClass& publicClass, std::span<const Member
 }
 
 std::string EventsText(const PublicClass& publicClass, std::span<const Event> events) {
-    std::string text = "    [uuid(" + IdText(MakeId(publicClass.number, IdKind::Events)) +
-                       ")]\n    dispinterface __" + publicClass.name +
+    std::string text = "    [uuid(" + IdText(MakeId(publicClass.number, IdKind::Events)) + ")" +
+                       std::string(kInterfaceAttributes) + "]\n    dispinterface __" + publicClass.name +
                        " {\n        properties:\n        methods:\n";
     for (std::size_t i = 0; i < events.size(); ++i) {
         text += "        [id(" + std::to_string(i + 1) + ")] void " + std::string(events[i].name) + "(" +
@@ -146,7 +150,8 @@ std::string WriteIdl() {
     Process process(platform);
     std::string text =
         "// Written from the member tables of the classes by build/qor_idl; not to be edited.\n" +
-        std::string(kTypes) + "\n[uuid(" + IdText(kLibraryId) + "), version(1.0)]\nlibrary QORArApRpt {\n";
+        std::string(kTypes) + "\n[uuid(" + IdText(kLibraryId) +
+        "), version(1.0), helpstring(\"QORArApRpt\")]\nlibrary QORArApRpt {\n";
     for (const PublicClass& publicClass : PublicClasses()) {
         const Ref<Object> object = CreateReportClass(process, publicClass.ProgId());
         text += InterfaceText(publicClass, static_cast<TableObject&>(*object).Members());

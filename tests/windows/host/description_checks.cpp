@@ -96,10 +96,84 @@ void TheInterfacesRestOnLateBinding() {
     }
 }
 
+/// What `read` makes of a description's attributes.
+template <class Read>
+auto AttributesOf(ITypeInfo& info, Read&& read) {
+    TYPEATTR* attributes = nullptr;
+    Expect(SUCCEEDED(info.GetTypeAttr(&attributes)), "no attributes");
+    const auto answer = read(*attributes);
+    info.ReleaseTypeAttr(attributes);
+    return answer;
+}
+
+WORD FlagsOf(ITypeInfo& info) {
+    return AttributesOf(info, [](const TYPEATTR& attributes) { return attributes.wTypeFlags; });
+}
+
+/// Browsers show the classes in the place of their interfaces.
+void OnlyTheClassesAreShown() {
+    constexpr WORD kInterface = TYPEFLAG_FDISPATCHABLE | TYPEFLAG_FHIDDEN;
+    for (const windows::PublicClass& known : windows::PublicClasses()) {
+        ComPtr<IProvideClassInfo2> provider;
+        ComPtr<ITypeInfo> whole;
+        Expect(SUCCEEDED(Create(known.ProgId())->QueryInterface(IID_PPV_ARGS(&provider))),
+               "no class description");
+        Expect(SUCCEEDED(provider->GetClassInfo(&whole)), "no class");
+        Expect(FlagsOf(*whole.Get()) == TYPEFLAG_FCANCREATE, known.name + " cannot be created, or is hidden");
+        constexpr INT kWays[] = {IMPLTYPEFLAG_FDEFAULT, IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE};
+        GUID events;
+        const UINT count = provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events) == S_OK ? 2 : 1;
+        const UINT described = AttributesOf(
+            *whole.Get(), [](const TYPEATTR& attributes) -> UINT { return attributes.cImplTypes; });
+        Expect(described == count, known.name + " has another number of interfaces");
+        for (UINT i = 0; i < count; ++i) {
+            INT way = 0;
+            HREFTYPE reference = 0;
+            ComPtr<ITypeInfo> info;
+            Expect(SUCCEEDED(whole->GetImplTypeFlags(i, &way)) && way == kWays[i],
+                   known.name + " has another default");
+            Expect(SUCCEEDED(whole->GetRefTypeOfImplType(i, &reference)) &&
+                       SUCCEEDED(whole->GetRefTypeInfo(reference, &info)),
+                   known.name + " has an interface that is not there");
+            Expect(FlagsOf(*info.Get()) == kInterface, known.name + " shows its interface");
+        }
+    }
+}
+
+/// How a parameter is passed, as a host's compiler reads it.
+USHORT ParameterFlags(std::string_view progId, std::string_view member) {
+    ComPtr<ITypeInfo> info;
+    Create(progId)->GetTypeInfo(0, 0, &info);
+    const WORD count =
+        AttributesOf(*info.Get(), [](const TYPEATTR& attributes) { return attributes.cFuncs; });
+    for (UINT i = 0; i < count; ++i) {
+        FUNCDESC* function = nullptr;
+        Expect(SUCCEEDED(info->GetFuncDesc(i, &function)), "no member");
+        const bool isIt = NameOf(*info.Get(), function->memid) == member && function->cParams == 1;
+        const USHORT flags = isIt ? function->lprgelemdescParam[0].paramdesc.wParamFlags : 0;
+        info->ReleaseFuncDesc(function);
+        if (isIt) return flags;
+    }
+    return 0;
+}
+
+void ParametersSayHowTheyArePassed() {
+    Expect(ParameterFlags("QORArApRpt.Rpt10503", "AddDataRight") == (PARAMFLAG_FIN | PARAMFLAG_FOPT),
+           "a filter cannot be left out");
+    Expect(ParameterFlags("QORArApRpt.Rpt10503", "GetDetailReport") == PARAMFLAG_FIN,
+           "a row can be left out");
+    Expect(ParameterFlags("QORArApRpt.Bar", "SetMsg") == PARAMFLAG_FIN, "a text can be left out");
+}
+
 void TheTypeLibraryIsRegistered() {
     ComPtr<ITypeLib> library;
     Expect(SUCCEEDED(LoadRegTypeLib(ToGuid(windows::kLibraryId), 1, 0, LOCALE_NEUTRAL, &library)),
            "it is not registered");
+    BSTR described = nullptr;
+    Expect(SUCCEEDED(library->GetDocumentation(-1, nullptr, &described, nullptr, nullptr)) &&
+               windows::Narrow({described, SysStringLen(described)}) == "QORArApRpt",
+           "a list of libraries shows no line for it");
+    SysFreeString(described);
     ALibraryHasEveryClass(*library.Get());
 }
 
@@ -200,6 +274,8 @@ void ANameStaysForTheOtherWidth() {
 constexpr HostCheck kChecks[] = {
     {"TheTypeLibraryTellsEveryMember", TheTypeLibraryTellsEveryMember},
     {"TheInterfacesRestOnLateBinding", TheInterfacesRestOnLateBinding},
+    {"OnlyTheClassesAreShown", OnlyTheClassesAreShown},
+    {"ParametersSayHowTheyArePassed", ParametersSayHowTheyArePassed},
     {"TheTypeLibraryIsRegistered", TheTypeLibraryIsRegistered},
     {"BothWidthsHaveTheTypeLibrary", BothWidthsHaveTheTypeLibrary},
     {"EventsAreDescribed", EventsAreDescribed},
