@@ -3,21 +3,20 @@ rem Makes the component known to this machine's hosts, or, where that is denied,
 rem   register.cmd        registers
 rem   register.cmd /u     takes everything back
 setlocal
-cd /d "%~dp0"
 set failed=0
 rem A 32-bit command interpreter finds its own programs in System32.
 set native=System32
 if defined PROCESSOR_ARCHITEW6432 set native=Sysnative
 if /i "%PROCESSOR_ARCHITECTURE%"=="x86" if not defined PROCESSOR_ARCHITEW6432 goto only32
 
-"%SystemRoot%\%native%\regsvr32.exe" /s %1 x64\QORArApRpt.dll
+"%SystemRoot%\%native%\regsvr32.exe" /s %1 "%~dp0x64\QORArApRpt.dll"
 if errorlevel 1 set failed=1
-if exist "%SystemRoot%\SysWOW64\regsvr32.exe" "%SystemRoot%\SysWOW64\regsvr32.exe" /s %1 x86\QORArApRpt.dll
+if exist "%SystemRoot%\SysWOW64\regsvr32.exe" "%SystemRoot%\SysWOW64\regsvr32.exe" /s %1 "%~dp0x86\QORArApRpt.dll"
 if errorlevel 1 set failed=1
 goto done
 
 :only32
-"%SystemRoot%\System32\regsvr32.exe" /s %1 x86\QORArApRpt.dll
+"%SystemRoot%\System32\regsvr32.exe" /s %1 "%~dp0x86\QORArApRpt.dll"
 if errorlevel 1 set failed=1
 
 :done

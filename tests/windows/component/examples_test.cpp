@@ -59,11 +59,15 @@ TEST(Examples, StandInTheGuide) {
 }
 
 TEST(Registration, ByTheScriptOfThePackage) {
-    const fs::path folder = TestFolder("package");
+    // As customers name their folders.
+    const fs::path folder = TestFolder("reports & more (1)");
     fs::create_directory(folder / "x64");
     fs::copy(BuiltFolder() / "QORArApRpt.dll", folder / "x64");
     fs::copy(kSource / "windows/package/register.cmd", folder);
     EXPECT_EQ(RunUnderWine(folder, "cmd /c register.cmd").output, "done\n");
+    std::ofstream(folder / "create.vbs")
+        << "WScript.Echo WScript.CreateObject(\"QORArApRpt.Rpt10522\").RptID\r\n";
+    EXPECT_EQ(RunUnderWine(folder, "cscript //nologo create.vbs").output, "0\n");
     EXPECT_EQ(RunUnderWine(folder, "cmd /c register.cmd /u").output, "done\n");
     // The other tests' component is registered from where it was built.
     EXPECT_EQ(RunUnderWine(BuiltFolder(), "regsvr32 /s QORArApRpt.dll").status, 0);
