@@ -35,11 +35,14 @@ target_include_directories(qor_googletest SYSTEM PUBLIC ${googletest}/googletest
 target_compile_options(qor_googletest PRIVATE -w)
 
 file(GLOB native_tests CONFIGURE_DEPENDS ${root}/tests/windows/native/*_test.cpp)
-foreach(name dialogs/multi_level_group dialogs/plain_dialog dialogs/plain_dialog_pickers dialogs/plain_dialog_schemes
-        dialogs/scheme_dialog dialogs/scheme_fields reports/arap/detail reports/arap/income_expense_detail
-        reports/arap/summary reports/income/category_detail reports/income/category_summary_dialog
-        reports/income/settlement_list reports/other/ageing_dialog
-        reports/other/cash_dialog reports/other/matching_balance reports/other/statement_dialog)
+foreach(name dialogs/date_range_guard dialogs/multi_level_group dialogs/plain_dialog
+        dialogs/plain_dialog_pickers dialogs/plain_dialog_schemes dialogs/scheme_dialog dialogs/scheme_fields
+        progress/bar reports/arap/detail reports/arap/income_expense_detail reports/arap/summary
+        reports/arap/summary_drill_down reports/income/category_detail reports/income/category_summary
+        reports/income/category_summary_detail reports/income/category_summary_dialog reports/income/level_boxes
+        reports/income/settlement_list reports/other/ageing reports/other/ageing_dialog reports/other/cash
+        reports/other/cash_dialog reports/other/credit_warning reports/other/matching_balance reports/other/statement
+        reports/other/statement_dialog)
     list(APPEND native_tests ${root}/tests/${name}_test.cpp)
 endforeach()
 add_executable(qor_native_tests ${native_tests})

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "support/person.h"
 
 namespace qor {
@@ -35,13 +37,14 @@ struct Levels {
         begin().SetText(beginLevel);
     }
     std::string Both() { return begin().text() + "-" + end().text(); }
-    void Type(std::string_view box, std::string_view characters) {
-        windows.user = [&](Form&) { user.Type(box, characters); };
+    /// Plays the person before the form.
+    void Show(const std::function<void(test::Person&)>& play) {
+        windows.user = [&](Form&) { play(user); };
         form->ShowModal();
     }
     Spin& spin(std::string_view name) { return ControlOf<Spin>(*form, name); }
 
-    HeadlessWindows windows;
+    test::PlayedWindows windows;
     Ref<LevelForm> form;
     test::Person user;
 };
@@ -105,36 +108,42 @@ TEST(LevelBoxes, ValidateTakesAnEmptyEndLevelForOne) {
 TEST(LevelBoxes, ValidateRunsWhenTheUserLeavesTheBox) {
     Levels levels(LowEndLevel::BeginLevelFollows, 1);
     EXPECT_EQ(levels.Both(), "1-2") << "the stored end level is no change, so nothing has corrected it";
-    levels.user.Focus("txtlevel2");
-    levels.user.Focus("txtlevel1");
+    levels.Show([](test::Person& user) {
+        user.Focus("txtlevel2");
+        user.Focus("txtlevel1");
+    });
     EXPECT_EQ(levels.Both(), "1-1");
 }
 
 TEST(LevelBoxes, OnlyDigitsAndBackspaceReachTheBox) {
     Levels levels(LowEndLevel::BeginLevelFollows, 500);
-    levels.Type("txtlevel2", "4a-2'.3\b");
+    levels.Show([](test::Person& user) { user.Type("txtlevel2", "4a-2'.3\b"); });
     EXPECT_EQ(levels.Both(), "1-42");
 }
 
 TEST(LevelBoxes, TypingReplacesTheWholeLevel) {
     Levels levels(LowEndLevel::BeginLevelFollows);
     levels.Set("1", "4");
-    levels.user.Focus("txtlevel2");
-    EXPECT_EQ(levels.end().selStart(), 0);
-    EXPECT_EQ(levels.end().selLength(), 1);
-    levels.Type("txtlevel2", "3");
+    levels.Show([&](test::Person& user) {
+        user.Focus("txtlevel2");
+        EXPECT_EQ(levels.end().selStart(), 0);
+        EXPECT_EQ(levels.end().selLength(), 1);
+        user.Type("txtlevel2", "3");
+    });
     EXPECT_EQ(levels.Both(), "1-3");
 }
 
 TEST(LevelBoxes, ASpinWritesItsNumberIntoTheBox) {
     Levels levels(LowEndLevel::BeginLevelFollows);
     levels.Set("1", "4");
-    EXPECT_TRUE(levels.user.Spin("udBLevel", 3));
-    EXPECT_EQ(levels.Both(), "3-4");
-    EXPECT_TRUE(levels.user.Spin("udELevel", 2));
-    EXPECT_EQ(levels.Both(), "2-2") << "the begin level follows, as when the number is typed";
-    EXPECT_TRUE(levels.user.Spin("udELevel", 9));
-    EXPECT_EQ(levels.Both(), "2-5");
+    levels.Show([&](test::Person& user) {
+        EXPECT_TRUE(user.Spin("udBLevel", 3));
+        EXPECT_EQ(levels.Both(), "3-4");
+        EXPECT_TRUE(user.Spin("udELevel", 2));
+        EXPECT_EQ(levels.Both(), "2-2") << "the begin level follows, as when the number is typed";
+        EXPECT_TRUE(user.Spin("udELevel", 9));
+        EXPECT_EQ(levels.Both(), "2-5");
+    });
 }
 
 TEST(LevelBoxes, ASpinGoesOnFromWhatItsBoxShows) {
@@ -185,7 +194,7 @@ TEST(LevelBoxes, OtherLevelsStay) {
 }
 
 TEST(LevelBoxes, TheBeginLevelIsNotForTypingUntilItIsOffered) {
-    HeadlessWindows windows;
+    test::PlayedWindows windows;
     const auto form = MakeRef<LevelForm>(windows, LowEndLevel::BeginLevelFollows, 5);
     TextBox& begin = form->levels.beginLevel();
     EXPECT_EQ(begin.text(), "1");
