@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "windows/control_window.h"
+#include "windows/grid_cells.h"
 #include "windows/instance.h"
 
 namespace qor::windows {
@@ -35,12 +36,19 @@ std::wstring CellEditor::Close() {
     return typed;
 }
 
+/// The text that is typed stands where the cell's text stood, above the line below the cell.
 void CellEditor::Place(const RECT& cell, const DialogMetrics& metrics) const {
-    const int space = static_cast<int>(cell.bottom - cell.top) - 1;  // above the line below the cell
-    const int height = std::min(space, std::max(metrics.Pixels(195), metrics.lineHeight() + 1));
-    const int left = static_cast<int>(cell.left) + metrics.Pixels(30);
-    SetWindowPos(window_, HWND_TOP, left, static_cast<int>(cell.top) + (space - height) / 2,
-                 static_cast<int>(cell.right) - metrics.Pixels(15) - left, height, SWP_NOACTIVATE);
+    const int space = static_cast<int>(cell.bottom - cell.top), line = metrics.lineHeight();
+    const int above = std::max(0, (space - line) / 2);
+    const int left = static_cast<int>(cell.left) + metrics.Pixels(kCellIndent);
+    SetWindowPos(window_, HWND_TOP, left, static_cast<int>(cell.top) + above,
+                 static_cast<int>(cell.right) - metrics.Pixels(15) - left,
+                 std::min(line + 1, space - 1 - above), SWP_NOACTIVATE);
+}
+
+void CellEditor::SetFont(HFONT font) const {
+    Send(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    Send(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
 }
 
 void CellEditor::Copy(const std::wstring& text) const {

@@ -37,7 +37,7 @@ class CellEditor {
     std::wstring Close();
     void TakeKeyboard() const { SetFocus(window_); }
     void Place(const RECT& cell, const DialogMetrics& metrics) const;
-    void SetFont(HFONT font) const { Send(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE); }
+    void SetFont(HFONT font) const;
 
     void SetText(const std::wstring& text) const { SetWindowTextW(window_, text.c_str()); }
     void Type(wchar_t character) const { Send(WM_CHAR, character, 1); }

@@ -57,7 +57,7 @@ void GridCells::DrawCell(HDC context, CellPlace cell) const {
     FillRect(context, &below, GetSysColorBrush(COLOR_BTNSHADOW));
     FillRect(context, &beside, GetSysColorBrush(COLOR_BTNSHADOW));
 
-    area.left += metrics_.Pixels(60);
+    area.left += metrics_.Pixels(kCellIndent);
     area.right -= metrics_.Pixels(45);
     const std::wstring text = Wide(grid_.GetText(cell.column, cell.row));
     SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));

@@ -14,6 +14,8 @@ struct CellPlace {
     friend bool operator==(const CellPlace&, const CellPlace&) = default;
 };
 
+inline constexpr std::int32_t kCellIndent = 60;  // of a cell's text, twips
+
 class GridCells {
  public:
     GridCells(const Grid& grid, const DialogMetrics& metrics) : grid_(grid), metrics_(metrics) {}
