@@ -161,8 +161,13 @@ void FormWindow::Guarded(const std::function<void()>& step) {
 
 void FormWindow::ShowIdle() {
     SetWindowLongPtrW(handle(), GWL_EXSTYLE, GetWindowLongPtrW(handle(), GWL_EXSTYLE) | WS_EX_NOACTIVATE);
-    SetWindowPos(handle(), HWND_TOP, 0, 0, 0, 0,
-                 SWP_SHOWWINDOW | SWP_NOACTIVATE | SWP_NOOWNERZORDER | SWP_NOMOVE | SWP_NOSIZE);
+    // Right over its owner: a box or another program that stands in front of that stays there.
+    constexpr UINT kInPlace = SWP_NOACTIVATE | SWP_NOOWNERZORDER | SWP_NOMOVE | SWP_NOSIZE;
+    const HWND owner = GetWindow(handle(), GW_OWNER);
+    HWND above = owner ? GetWindow(owner, GW_HWNDPREV) : nullptr;
+    if (above == handle()) above = GetWindow(above, GW_HWNDPREV);
+    SetWindowPos(handle(), above ? above : HWND_TOP, 0, 0, 0, 0, kInPlace);
+    SetWindowPos(handle(), nullptr, 0, 0, 0, 0, kInPlace | SWP_NOZORDER | SWP_SHOWWINDOW);
     SendMessageW(handle(), WM_NCACTIVATE, TRUE, 0);  // it looks like the window in front, as it is
     UpdateWindow(handle());
 }

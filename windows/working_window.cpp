@@ -1,5 +1,6 @@
 #include "windows/working_window.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -199,7 +200,7 @@ void WorkingWindow::Live() {
     const InputGuard guard(thread_, host_);
     NativeWindows system;
     Copy copy(system, *first);
-    FormWindow drawn(system, copy, HostWindow(thread_));
+    FormWindow drawn(system, copy, Owner());
     const Published published(*this, copy, drawn.handle());
     TakeOver();  // what has changed while it was made
     if (copy_) {
@@ -213,6 +214,17 @@ void WorkingWindow::Live() {
             DispatchMessageW(&message);
         }
     } while (copy_ && end.ComesAfterMessage());
+}
+
+/// The host's active window. A box that has come up over it since the work began is not to be covered.
+HWND WorkingWindow::Owner() const {
+    HWND owner = HostWindow(thread_);
+    if (host_.empty()) return owner;
+    while (owner && std::ranges::find(host_, owner) == host_.end()) {
+        owner = GetWindow(owner, GW_OWNER);
+    }
+    if (owner) return owner;
+    return IsWindow(host_.front()) ? host_.front() : nullptr;
 }
 
 std::optional<WorkingWindow::Picture> WorkingWindow::Current() {

@@ -64,6 +64,7 @@ class WorkingWindow final : private FormView {
                                       DWORD_PTR self);
     bool Begin();
     void Live();
+    HWND Owner() const;
     void TakeOver();
     void Redrawn();
     /// What is to be seen from now on; nothing where the work has ended.

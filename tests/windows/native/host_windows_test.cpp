@@ -58,11 +58,19 @@ void PressKey() {
     SendInput(2, both, sizeof(INPUT));
 }
 
+bool StandsOver(HWND window, HWND other) {
+    while (window && window != other) {
+        window = GetWindow(window, GW_HWNDNEXT);
+    }
+    return window;
+}
+
 TEST_F(WorkingWindowHostTest, StandsOverTheHostsWindowAndLeavesItTheKeyboard) {
     ViewerWindow host;
     Run([&](Bar& bar) {
         EXPECT_TRUE(WorksUntilSeen());
         EXPECT_EQ(GetWindow(Progress(), GW_OWNER), host.handle());
+        EXPECT_TRUE(StandsOver(Progress(), host.handle()));
         EXPECT_EQ(GetActiveWindow(), host.handle());
         EXPECT_EQ(GetFocus(), host.handle());
         bar.Unload();
@@ -187,6 +195,21 @@ TEST_F(WorkingWindowHostTest, ABoxOverItIsAnswered) {
         bar.Unload();
     });
     EXPECT_EQ(seenWithBox, 1);
+}
+
+TEST_F(WorkingWindowHostTest, ABoxThatWasThereFirstStaysInFront) {
+    ViewerWindow host;
+    bool inFront = false;
+    windows().onBox = [&](HWND box) {
+        EXPECT_TRUE(WorksUntilSeen());
+        EXPECT_EQ(GetWindow(Progress(), GW_OWNER), host.handle());
+        inFront = StandsOver(box, Progress());
+    };
+    Run([&](Bar& bar) {
+        windows().MessageBox(kMessage, "", kInformationIcon);
+        bar.Unload();
+    });
+    EXPECT_TRUE(inFront);
 }
 
 TEST_F(WorkingWindowHostTest, TheHostMayCloseItsWindowMeanwhile) {
