@@ -39,7 +39,7 @@ class ComponentFile : public testing::TestWithParam<Width> {
     std::string Headers() const {
         const RunResult run = RunCommand(std::string(GetParam().objdump) + " -p '" QOR_SOURCE_DIR "/" +
                                          GetParam().folder + "/QORArApRpt.dll'");
-        EXPECT_EQ(run.status, 0) << run.output << "\nbuild it: ./run windows";
+        EXPECT_EQ(run.status, 0) << run.errors << "\nbuild it: ./run windows";
         return run.output;
     }
 };

@@ -106,7 +106,7 @@ Played PlayUnderWine(const fs::path& folder, const Json& conversation) {
     WriteText(folder / "play.vbs", WriteScript(conversation, WindowsPath(folder / "conversation.json"),
                                                WindowsPath(folder / "seen.jsonl")));
     const RunResult run = RunUnderWine(folder, "cscript //nologo play.vbs");
-    EXPECT_EQ(run.output, "played\n");
+    EXPECT_EQ(run.output, "played\n") << run.errors;
     Played played;
     std::ifstream lines(folder / "seen.jsonl");
     for (std::string text; std::getline(lines, text);) {

@@ -32,7 +32,7 @@ std::string RunExample(const std::string& name, const std::string& commandLine) 
     setenv("QOR_STAGE", WindowsPath(folder / "conversation.json").c_str(), 1);
     const RunResult run = RunUnderWine(folder, commandLine);
     unsetenv("QOR_STAGE");
-    EXPECT_EQ(run.status, 0) << run.output;
+    EXPECT_EQ(run.status, 0) << run.output << run.errors;
     return run.output;
 }
 

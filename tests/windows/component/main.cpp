@@ -26,7 +26,7 @@ class Registered : public testing::Environment {
  private:
     static void Run(const char* commandLine) {
         const auto result = RunUnderWine(BuiltFolder(), commandLine);
-        ASSERT_EQ(result.status, 0) << commandLine << "\n" << result.output;
+        ASSERT_EQ(result.status, 0) << commandLine << "\n" << result.output << result.errors;
     }
 };
 

@@ -11,15 +11,25 @@ namespace qor::component {
 
 namespace fs = std::filesystem;
 
-// Through a file: a pipe would stay open as long as anything lives that the command started.
+namespace {
+
+std::string ReadLines(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::erase(text, '\r');
+    return text;
+}
+
+}  // namespace
+
+// Through files: a pipe would stay open as long as anything lives that the command started.
 RunResult RunCommand(const std::string& command) {
-    const fs::path output = fs::path(QOR_BINARY_DIR) / "component-tests-output.txt";
-    const int status = std::system((command + " >'" + output.string() + "' 2>&1").c_str());
-    std::ifstream file(output, std::ios::binary);
-    RunResult result{WIFEXITED(status) ? WEXITSTATUS(status) : 128,
-                     {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()}};
-    std::erase(result.output, '\r');
-    return result;
+    const fs::path folder(QOR_BINARY_DIR);
+    const fs::path output = folder / "component-tests-output.txt",
+                   errors = folder / "component-tests-errors.txt";
+    const int status =
+        std::system((command + " >'" + output.string() + "' 2>'" + errors.string() + "'").c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128, ReadLines(output), ReadLines(errors)};
 }
 
 RunResult RunUnderWine(const fs::path& folder, const std::string& commandLine) {

@@ -9,6 +9,7 @@ namespace qor::component {
 struct RunResult {
     int status = 0;
     std::string output;
+    std::string errors;  // what wine itself may say of a process that is going, too
 };
 
 /// Runs a command of the shell.
