@@ -44,7 +44,9 @@ const NameIndex* NameIndex::Of(Object& object) {
 NameIndex::NameIndex(std::span<const Member> members) : members_(members) {
     for (std::size_t i = 0; i < members.size(); ++i) {
         // The rows of one property stand side by side; the first names it.
-        if (!IsFirstRow(members, i)) continue;
+        const bool isNamed = IsFirstRow(members, i);
+        rows_.push_back({isNamed, members[i].kind == InvokeKind::Method, Nameable(members[i]).size()});
+        if (!isNamed) continue;
         std::wstring name = Wide(members[i].name);
         std::ranges::transform(name, name.begin(), Lower);
         byName_.emplace_back(std::move(name), static_cast<MemberId>(i));
@@ -58,25 +60,12 @@ MemberId NameIndex::Find(const wchar_t* name) const {
     return found != byName_.end() && Compare(found->first, name) == 0 ? found->second : kNoMember;
 }
 
-bool NameIndex::Has(MemberId member) const {
-    const auto row = static_cast<std::size_t>(member);
-    return member >= 0 && row < members_.size() && IsFirstRow(members_, row);
-}
-
-bool NameIndex::IsMethod(MemberId member) const {
-    return members_[static_cast<std::size_t>(member)].kind == InvokeKind::Method;
-}
-
 MemberId NameIndex::FindParameter(MemberId member, const wchar_t* name) const {
     const std::string asked = Narrow(name);
     const auto parameters = Nameable(members_[static_cast<std::size_t>(member)]);
     const auto found = std::ranges::find_if(
         parameters, [&](const Parameter& parameter) { return EqualsIgnoringCase(parameter.name, asked); });
     return found == parameters.end() ? kNoMember : static_cast<MemberId>(found - parameters.begin());
-}
-
-std::size_t NameIndex::ParameterCount(MemberId member) const {
-    return Nameable(members_[static_cast<std::size_t>(member)]).size();
 }
 
 }  // namespace qor::windows
