@@ -123,17 +123,17 @@ void AddImportCommand(CLI::App& program, int& status) {
         std::string folder, file;
     };
     const auto taken = std::make_shared<Taken>();
-    CLI::App* import = program.add_subcommand(
+    CLI::App* taking = program.add_subcommand(
         "import",
         "Takes a firm's books from a folder of CSV files into an account set, wholly or not at all");
-    import->add_option("DIR", taken->folder, "The folder; docs/account-set.md says what stands in its files")
+    taking->add_option("DIR", taken->folder, "The folder; docs/account-set.md says what stands in its files")
         ->required();
-    import->add_option("--into", taken->file, "The account set; it is made, or added to where it exists")
+    taking->add_option("--into", taken->file, "The account set; it is made, or added to where it exists")
         ->required();
-    import->callback([taken, &status] {
+    taking->callback([taken, &status] {
         status = qor::viewer::ImportBooksInto(taken->folder, taken->file, std::cout, std::cerr);
-});
-}  // namespace
+    });
+}
 
 int Run(int count, char** arguments) {
     CLI::App program("Runs the receivable, payable and cash reports", "qorview");
