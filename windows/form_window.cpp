@@ -172,8 +172,7 @@ void FormWindow::ShowIdle() {
     UpdateWindow(handle());
 }
 
-void FormWindow::Run(bool wasActivated) {
-    wasActivated_ = wasActivated;
+void FormWindow::Run() {
     ShowWindow(handle(), SW_SHOW);
     UpdateWindow(handle());
     PostMessageW(handle(), kActivated, 0, 0);
@@ -305,7 +304,7 @@ FormWindow* FormWindow::Of(HWND window) {
 
 void FormWindow::ComeUp() {
     activating_ = true;
-    if (!wasActivated_) Guarded([this] { form_.Activate(); });
+    if (!form_.WorksWhenActivated()) Guarded([this] { form_.Activate(); });
     activating_ = false;
     Guarded([this] { form_.TakeFirstFocus(); });
     for (const auto& drawn : controls_) {

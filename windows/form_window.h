@@ -20,8 +20,9 @@ class FormWindow final : private FormView {
     FormWindow(const FormWindow&) = delete;
     FormWindow& operator=(const FormWindow&) = delete;
 
-    /// Shows the window, activates the form unless it was, and returns when the form was hidden or unloaded.
-    void Run(bool wasActivated = false);
+    /// Shows the window, activates the form unless it has done its work by then, and returns when the form
+    /// was hidden or unloaded.
+    void Run();
     /// Shows the window without giving it the keyboard; its form is not told.
     void ShowIdle();
     void Close();
@@ -79,7 +80,6 @@ class FormWindow final : private FormView {
     std::vector<std::unique_ptr<ControlWindow>> controls_;
     std::exception_ptr failure_;
     bool done_ = false;
-    bool wasActivated_ = false;
     bool activating_ = false;  // the form's own start is running; it cannot be cancelled meanwhile
     enum class Arrival : std::uint8_t { Other, Tab, BackTab } arrival_ = Arrival::Other;
 };

@@ -79,7 +79,7 @@ void NativeWindows::Interact(Form& form) {
     DisabledWindows disabled;
     {
         const Stay stay(shown_, &window);
-        window.Run(form.WorksWhenActivated());
+        window.Run();
     }
     disabled.Enable();  // before the window goes, so that its owner becomes active again
     window.Close();

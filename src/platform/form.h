@@ -44,7 +44,7 @@ class Form : public TableObject {
     void SetCaption(std::string_view caption);
     Size size() const { return size_; }
 
-    /// All controls in the order of their making.
+    /// All controls in the order of their making, but for those moved to its end.
     const std::vector<Control*>& controls() const { return controls_; }
     Control* Find(std::string_view name) const;  // null if there is none of that name
 
