@@ -1,9 +1,8 @@
 // Statements about errors: which number a step raises.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <optional>
+#include <ostream>
 #include <utility>
 
 #include "platform/error.h"

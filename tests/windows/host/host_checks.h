@@ -32,6 +32,11 @@ windows::ComPtr<IDispatch> Create(std::string_view progId);
 /// The same, to be used late bound.
 Ref<Object> CreateObject(std::string_view progId);
 
+/// The id of a member of that name. Raises where there is none.
+DISPID IdOf(IDispatch* object, const wchar_t* name);
+/// How many hold an object.
+ULONG ReferencesOf(IUnknown* object);
+
 /// Whether the component says that it may be unloaded.
 bool CanUnload();
 

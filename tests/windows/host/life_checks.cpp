@@ -20,11 +20,6 @@ using windows::PublicClasses;
 
 ComPtr<IDispatch> DispatchIn(const Value& value) { return Outward(&ObjectIn(value)); }
 
-ULONG ReferencesOf(IDispatch* dispatch) {
-    dispatch->AddRef();
-    return dispatch->Release();
-}
-
 void EveryClassCanBeCreated() {
     for (const windows::PublicClass& known : PublicClasses()) {
         ComPtr<IDispatch> made = Create(known.ProgId());

@@ -30,6 +30,19 @@ bool CanUnload() {
                reinterpret_cast<void*>(GetProcAddress(component, "DllCanUnloadNow")))() == S_OK;
 }
 
+DISPID IdOf(IDispatch* object, const wchar_t* name) {
+    auto* asked = const_cast<LPOLESTR>(name);
+    DISPID id = DISPID_UNKNOWN;
+    Expect(object->GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &id) == S_OK,
+           "no member " + windows::Narrow(name));
+    return id;
+}
+
+ULONG ReferencesOf(IUnknown* object) {
+    object->AddRef();
+    return object->Release();
+}
+
 namespace {
 
 int Run(std::string_view name) {
